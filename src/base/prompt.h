@@ -1,0 +1,20 @@
+#pragma once
+
+// Message boxes as a seam: windows show them, tests script them, acctset answers them by rule. All have the title
+// "系统提示", but for the database's own error box, which has none.
+
+#include <QString>
+
+class Prompt
+{
+public:
+    virtual ~Prompt() = default;
+    /// Information icon, OK.
+    virtual void Inform(const QString& text) = 0;
+    /// Critical icon, OK: a failed start, a missing program.
+    virtual void Warn(const QString& text) = 0;
+    /// Yes and no; true for yes.
+    virtual bool Ask(const QString& text) = 0;
+    /// A database error: no icon, no title, OK.
+    virtual void Error(const QString& text) = 0;
+};

@@ -1,0 +1,184 @@
+#include "bills/audit.h"
+
+#include "bills/lifecycle.h"
+#include "bills/recall.h"
+#include "data/periods.h"
+#include "data/rights.h"
+#include "handover/open_query.h"
+
+namespace {
+
+bool Refuse(Program& program, const QString& text)
+{
+    program.prompt.Inform(text);
+    return false;
+}
+
+/// Statements that take effect together. False when none did; the reason has been shown.
+bool RunTogether(Program& program, const std::vector<Sql>& statements)
+{
+    SaveUnit unit(program);
+    if (!unit.isOpen())
+        return false;
+    for (const Sql& statement : statements)
+        OpenQuery(program, statement);
+    return unit.Commit();
+}
+
+/// One column of the bill's head and of all its lines set to a text.
+std::vector<Sql> SetOnBill(const BillText& bill, const char* column, const QString& text)
+{
+    const QString code = bill.TxtBillCode.trimmed();
+    const auto update = [&](const char* table) {
+        return Sql("update  ") + Name(table) + "  set " + Name(column) + "=" + text;
+    };
+    return {update(bill.kind->headTable) + "  where Code=" + code + " ",
+            update(bill.kind->lineTable) + "  where BillCode=" + code + " "};
+}
+
+bool MayMark(Program& program, const BillText& bill, bool audit)
+{
+    const bool isAudited = !bill.TxtAuditing.isEmpty();
+    if (isAudited == audit)
+        return Refuse(program, audit ? "已审核单据，禁止重复审核！" : "未审核单据，禁止反审核！");
+    if (bill.TxtBillCode.trimmed().isEmpty())
+        return Refuse(program, audit ? "请先保存单据后再审核！" : "未保存单据，禁止反审核！");
+    return true;
+}
+
+void Mark(Program& program, BillText& bill, bool audit)
+{
+    if (!CheckOperateRight(program, program.parameters.UserName, bill.kind->operation, Action::Audit))
+        return;
+    if (SetAuditMark(program, bill, audit))
+        RefreshWindowState(program, bill);
+}
+
+Recordset VouchersOf(Program& program, const BillText& bill)
+{
+    return OpenQuery(program, Sql("select Code,State from TabWarrant where JXCBillCode=") + bill.TxtBillCode.trimmed());
+}
+
+std::vector<Sql> DeleteVouchers(const Recordset& vouchers)
+{
+    std::vector<Sql> statements;
+    for (int row = 0; row < vouchers.size(); ++row) {
+        const QString code = vouchers.Text("Code", row);
+        statements.push_back(Sql("delete from TabWarrantInf where BillCode=") + code);
+        statements.push_back(Sql("delete from TabWarrant where Code =") + code);
+    }
+    return statements;
+}
+
+/// Voiding is for bills on the screen from the database, dated after the last closing.
+bool IsVoidable(Program& program, const BillText& bill)
+{
+    const std::optional<QDate> day = ParseDay(bill.TxtDate);
+    if (!day)
+        return Refuse(program, "本单据开单日期不详，系统禁止作废！");
+    const Recordset turn = OpenQuery(program, Sql("select max(Datee) as Datee from TabTurn"));
+    const std::optional<QDate> closing = turn.Day("Datee");
+    if (closing && *closing >= *day)
+        return Refuse(program,
+                      "最后一次结转日期为" + DayText(*closing) + "，本单据开单位于最后一结转日期之前，系统禁止作废！");
+    return static_cast<bool>(turn);
+}
+
+bool IsPosted(const Recordset& vouchers)
+{
+    for (int row = 0; row < vouchers.size(); ++row) {
+        if (vouchers.Text("State", row).trimmed() == u"已登账")
+            return true;
+    }
+    return false;
+}
+
+void VoidRows(Program& program, BillText& bill)
+{
+    const Recordset head = OpenQuery(program, Sql("select Code from ") + Name(bill.kind->headTable) +
+                                                  " where Code=" + bill.TxtBillCode.trimmed());
+    if (head.isEmpty()) {
+        program.prompt.Inform("单编号不存在，作废失败！");
+        return;
+    }
+    if (!RunTogether(program, SetOnBill(bill, "State", "作废")))
+        return;
+    program.prompt.Inform("作废成功！");
+    FillBill(program, bill, bill.kind->headTable, bill.TxtBillCode.trimmed());
+}
+
+/// Everything that hangs on a bill. The lines of a 异价调拨单 are looked for in its head table, which has no such
+/// column: the error is shown and they stay, out of every sum.
+std::vector<Sql> DeleteBill(const BillText& bill)
+{
+    const QString code = bill.TxtBillCode.trimmed();
+    const Name lineTable(bill.kind->lines == LineShape::Priced ? bill.kind->headTable : bill.kind->lineTable);
+    return {Sql(" delete from  TabWarehouseAmountChange    where BillCode=") + code + " ",
+            Sql("delete from ") + lineTable + " where BillCode=" + code,
+            Sql("delete from ") + Name(bill.kind->headTable) + " where  Code=" + code,
+            Sql(" delete  from TabImg where BillCode=") + code + " and Type=" + (bill.LabBillName.trimmed() + "图片") +
+                " "};
+}
+
+} // namespace
+
+void AuditBill(Program& program, BillText& bill)
+{
+    Mark(program, bill, true);
+}
+
+void UnAuditBill(Program& program, BillText& bill)
+{
+    Mark(program, bill, false);
+}
+
+bool SetAuditMark(Program& program, BillText& bill, bool audit)
+{
+    if (!MayMark(program, bill, audit))
+        return false;
+    const QString auditor = audit ? program.parameters.UserName : QString();
+    if (!RunTogether(program, SetOnBill(bill, "Auditing", auditor)))
+        return false;
+    bill.TxtAuditing = auditor;
+    bill.LabAuditing = audit ? "已审核" : "未审核";
+    return true;
+}
+
+void VoidBill(Program& program, BillText& bill)
+{
+    if (!CheckOperateRight(program, program.parameters.UserName, bill.kind->operation, Action::Edit))
+        return;
+    if (!IsVoidable(program, bill))
+        return;
+    const Recordset vouchers = VouchersOf(program, bill);
+    if (IsPosted(vouchers)) {
+        program.prompt.Inform("该张单据已经登账，禁止作废！");
+        return;
+    }
+    if (!vouchers || !program.prompt.Ask("确定作废该单据吗？"))
+        return;
+    VoidRows(program, bill);
+    if (!vouchers.isEmpty())
+        RunTogether(program, DeleteVouchers(vouchers));
+}
+
+void FDelete(Program& program, BillText& bill)
+{
+    if (!CheckOperateRight(program, program.parameters.UserName, bill.kind->operation, Action::Delete))
+        return;
+    if (IsDayClosed(program, bill.DTPDate, true))
+        return;
+    if (bill.TxtBillCode.trimmed().isEmpty()) {
+        program.prompt.Inform("单据编号不存在，禁止当前操作！");
+        return;
+    }
+    if (!program.prompt.Ask("删除当前单据吗？"))
+        return;
+    std::vector<Sql> statements = DeleteVouchers(VouchersOf(program, bill));
+    const std::vector<Sql> rows = DeleteBill(bill);
+    statements.insert(statements.end(), rows.begin(), rows.end());
+    if (!RunTogether(program, statements))
+        return;
+    program.prompt.Inform("单据已删除！");
+    ClearBill(program, bill);
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+// The keys and menus of the bill windows as tables: which command stands where, under which caption and shortcut.
+
+#include "bills/bill_text.h"
+#include "bills/posting.h"
+
+#include <optional>
+
+class QMainWindow;
+class QMenu;
+
+/// The rules behind the commands. A command without one is shown and cannot be chosen.
+struct BillCommands
+{
+    using Rule = void (*)(Program&, BillText&);
+
+    Rule build = nullptr;
+    Posting (*save)(Program&, BillText&) = nullptr;
+    Rule audit = nullptr;
+    Rule unAudit = nullptr;
+    Rule remove = nullptr;
+    Rule insertRow = nullptr;
+    Rule deleteRow = nullptr;
+    Rule redWord = nullptr;
+    Rule before = nullptr;
+    Rule back = nullptr;
+};
+
+/// A key of the toolbar, and the menu entry of the same command.
+struct BillKey
+{
+    const char* control;
+    const char* caption;
+    const char* tip;
+    const char* shortcut;
+    const char* menuEntry;                  // null for none
+    std::optional<Command> command;         // that locks it; unset for one that is never locked
+    BillCommands::Rule BillCommands::*rule; // null where the window does more than run a rule
+    bool opensGroup;
+    bool isThere = true; // false while its work is still to come
+};
+const std::vector<BillKey>& BillKeys();
+
+/// Toolbar1 with all keys as actions of the window, each bearing its key's name.
+void MakeBillToolbar(QMainWindow& window);
+/// The menus File and MPrint; an entry of a key's command triggers the key. Every entry bears its name.
+void MakeBillMenus(QMainWindow& window);
+/// The names of Excel templates in the three menus that list them; a placeholder for none.
+void FillTemplateMenus(QMainWindow& window, const QStringList& names);

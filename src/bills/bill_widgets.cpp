@@ -1,0 +1,119 @@
+#include "bills/bill_widgets.h"
+
+#include "bills/toolbar_icons.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QToolButton>
+
+namespace {
+
+/// Captions of the head are laid out for four characters, so that boxes stand in line.
+constexpr auto kWidestCaption = "附加说明";
+
+constexpr int kBoxRoom = 11; // above and below the text of a box
+
+struct StampColour
+{
+    const char* word;
+    QRgb colour;
+};
+constexpr StampColour kStampColours[] = {{"作废", 0xffc6362f}, {"已审核", 0xff168a4a}};
+constexpr QRgb kPlainStamp = 0xff8a93a0;
+
+QColor ColourOf(const QString& word)
+{
+    for (const StampColour& stamp : kStampColours) {
+        if (word == stamp.word)
+            return QColor::fromRgb(stamp.colour);
+    }
+    return QColor::fromRgb(kPlainStamp);
+}
+
+} // namespace
+
+QLabel* NewLabel(const char* name, const QString& text)
+{
+    auto* const label = new QLabel(text);
+    label->setObjectName(name);
+    return label;
+}
+
+QWidget* MakeCell(QLabel* caption, QWidget* editor, const char* buttonName)
+{
+    auto* const cell = new QWidget;
+    // What a cell holds does not count, so that the columns of the head are equally wide.
+    cell->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    auto* const layout = new QHBoxLayout(cell);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(6);
+    caption->setMinimumWidth(caption->fontMetrics().horizontalAdvance(kWidestCaption));
+    caption->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    layout->addWidget(caption);
+    layout->addWidget(editor, 1);
+    editor->setMinimumHeight(editor->fontMetrics().height() + kBoxRoom);
+    if (!buttonName)
+        return cell;
+    auto* const button = new QToolButton;
+    button->setObjectName(buttonName);
+    button->setIcon(ToolbarIcon(u"Img"));
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setAutoRaise(true);
+    button->setFixedSize(editor->minimumHeight(), editor->minimumHeight());
+    layout->addWidget(button);
+    return cell;
+}
+
+Stamp::Stamp(const char* name)
+{
+    setObjectName(name);
+    QSizePolicy policy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    policy.setRetainSizeWhenHidden(true);
+    setSizePolicy(policy);
+    QFont bold = font();
+    bold.setBold(true);
+    bold.setPointSizeF(bold.pointSizeF() * 1.25);
+    setFont(bold);
+}
+
+void Stamp::SetWord(const QString& word)
+{
+    setText(word);
+    setVisible(!word.isEmpty());
+    updateGeometry();
+}
+
+QSize Stamp::sizeHint() const
+{
+    return fontMetrics().size(0, text()) + QSize(28, 12);
+}
+
+void Stamp::paintEvent(QPaintEvent*)
+{
+    const QColor colour = ColourOf(text());
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, 2));
+    QColor wash = colour;
+    wash.setAlpha(24);
+    painter.setBrush(wash);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), 4, 4);
+    painter.drawText(rect(), Qt::AlignCenter, text());
+}
+
+Busy::Busy(QLabel& loading) : m_loading(loading)
+{
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    m_loading.adjustSize();
+    m_loading.move(m_loading.parentWidget()->rect().center() - m_loading.rect().center());
+    m_loading.show();
+    m_loading.raise();
+    m_loading.repaint();
+}
+
+Busy::~Busy()
+{
+    m_loading.hide();
+    QApplication::restoreOverrideCursor();
+}

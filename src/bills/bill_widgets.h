@@ -1,0 +1,37 @@
+#pragma once
+
+// Small widgets that the bill windows are put together from.
+
+#include <QLabel>
+
+class QLineEdit;
+
+/// A label with a name.
+QLabel* NewLabel(const char* name, const QString& text);
+/// A caption and its editor side by side. With the name of a button, one to pick from stands behind the editor.
+QWidget* MakeCell(QLabel* caption, QWidget* editor, const char* buttonName = nullptr);
+
+/// A word stamped on the bill in a coloured frame. It hides itself without a text.
+class Stamp : public QLabel
+{
+public:
+    explicit Stamp(const char* name);
+    void SetWord(const QString& word);
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// While it lives the pointer is busy and a label says that the bill is being written.
+class Busy
+{
+public:
+    explicit Busy(QLabel& loading);
+    ~Busy();
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+private:
+    QLabel& m_loading;
+};

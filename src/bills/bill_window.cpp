@@ -1,0 +1,291 @@
+#include "bills/bill_window.h"
+
+#include "bills/bill_widgets.h"
+#include "bills/grid_view.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QIntValidator>
+#include <QLineEdit>
+#include <QMenu>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kMargin = 10;
+constexpr int kLeastFixedColumns = 3;
+
+void ShowText(QWidget* widget, const QString& text)
+{
+    if (auto* const box = qobject_cast<QLineEdit*>(widget)) {
+        if (box->text() != text)
+            box->setText(text);
+    } else if (auto* const list = qobject_cast<QComboBox*>(widget)) {
+        // A currency that has left the account set still stands on its old bills.
+        if (!text.isEmpty() && list->findText(text) < 0)
+            list->addItem(text);
+        list->setCurrentIndex(list->findText(text));
+    } else if (auto* const stamp = dynamic_cast<Stamp*>(widget)) {
+        stamp->SetWord(text);
+    } else if (auto* const label = qobject_cast<QLabel*>(widget)) {
+        label->setText(text);
+    }
+}
+
+void Enlarge(QWidget* widget, double factor)
+{
+    QFont font = widget->font();
+    font.setPointSizeF(font.pointSizeF() * factor);
+    font.setBold(true);
+    widget->setFont(font);
+}
+
+} // namespace
+
+BillWindow::BillWindow(Program& program, std::shared_ptr<BillText> bill, const BillCommands& commands)
+    : m_program(program), m_owner(std::move(bill)), m_bill(*m_owner), m_commands(commands)
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+}
+
+BillWindow::~BillWindow()
+{
+    delete takeCentralWidget(); // it shows the bill, so it goes first
+}
+
+void BillWindow::Build(QWidget* head)
+{
+    MakeBillToolbar(*this);
+    MakeBillMenus(*this);
+    auto* const body = new QWidget;
+    auto* const layout = new QVBoxLayout(body);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(MakeCaptionBand());
+    layout->addWidget(head);
+    m_grid = new GridView(m_bill.MSH, body);
+    m_grid->setObjectName("MSH");
+    layout->addWidget(m_grid, 1);
+    layout->addWidget(MakeFoot());
+    setCentralWidget(body);
+
+    m_editors = new CellEditors(m_program, m_bill, *m_grid, body);
+    connect(m_editors, &CellEditors::Changed, this, [this] { ShowBill(); });
+    connect(m_editors, &CellEditors::PickerAsked, this, &BillWindow::OpenPicker);
+    m_loading = NewLabel("LoadingPic", "数据读写中,请稍等.....");
+    m_loading->setParent(body);
+    m_loading->setMargin(2 * kMargin);
+    m_loading->setFrameShape(QFrame::Box);
+    m_loading->setAutoFillBackground(true);
+    m_loading->hide();
+    ConnectKeys();
+}
+
+void BillWindow::ConnectKeys()
+{
+    for (const BillKey& key : BillKeys()) {
+        if (key.rule)
+            connect(findChild<QAction*>(key.control), &QAction::triggered, this,
+                    [this, rule = m_commands.*key.rule] { Run(rule); });
+    }
+    connect(findChild<QAction*>("ToolSave"), &QAction::triggered, this, &BillWindow::Save);
+    connect(findChild<QAction*>("ToolExit"), &QAction::triggered, this, &QWidget::close);
+}
+
+QWidget* BillWindow::MakeCaptionBand()
+{
+    auto* const band = new QFrame;
+    band->setAutoFillBackground(true);
+    band->setBackgroundRole(QPalette::Base);
+    auto* const name = NewLabel("LabBillName", {});
+    name->setAlignment(Qt::AlignCenter);
+    Enlarge(name, 1.7);
+    Bind(name, m_bill.LabBillName);
+    auto* const audited = new Stamp("LabAuditing");
+    Bind(audited, m_bill.LabAuditing);
+    auto* const state = new Stamp("LabState");
+    Bind(state, m_bill.LabState);
+
+    // The same room on both sides keeps the name in the middle.
+    auto* const stamps = new QHBoxLayout;
+    stamps->addStretch();
+    stamps->addWidget(state);
+    stamps->addWidget(audited);
+    auto* const layout = new QHBoxLayout(band);
+    layout->setContentsMargins(kMargin, 5, kMargin, 5);
+    layout->addStretch(1);
+    layout->addWidget(name);
+    layout->addLayout(stamps, 1);
+    band->setMinimumHeight(name->sizeHint().height() + 12);
+    return band;
+}
+
+QWidget* BillWindow::MakeTotals()
+{
+    auto* const frame = new QFrame;
+    frame->setObjectName("FrameTotal");
+    frame->setAccessibleName("合计信息");
+    auto* const layout = new QHBoxLayout(frame);
+    layout->setContentsMargins(0, 0, 0, 0);
+    const auto add = [this, layout](const char* control, const QString& caption, QString& text) {
+        auto* const pair = new QWidget;
+        pair->setObjectName(QString(control) + "_Pair");
+        auto* const figure = NewLabel(control, {});
+        figure->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        Enlarge(figure, 1.2);
+        Bind(figure, text);
+        auto* const row = new QHBoxLayout(pair);
+        row->setContentsMargins(0, 0, 2 * kMargin, 0);
+        row->addWidget(NewLabel((QByteArray(control) + "_Str").constData(), caption));
+        row->addWidget(figure);
+        layout->addWidget(pair);
+    };
+    add("LabTotalAmount", "合计数量：", m_bill.LabTotalAmount);
+    add("LabTotalMoney", "合计金额：", m_bill.LabTotalMoney);
+    return frame;
+}
+
+QWidget* BillWindow::MakeFoot()
+{
+    auto* const foot = new QWidget;
+    auto* const layout = new QHBoxLayout(foot);
+    layout->setContentsMargins(kMargin, 6, kMargin, 8);
+    layout->addWidget(MakeTotals());
+    layout->addStretch();
+    AddFreeze(layout);
+    layout->addSpacing(2 * kMargin);
+    AddCheck(layout, "ChAutoAdd", "保存后自动新建下一单", m_bill.ChAutoAdd);
+    layout->addSpacing(kMargin);
+    AddCheck(layout, "ChAutoAuditing", "保存时自动审核单据", m_bill.ChAutoAuditing);
+    return foot;
+}
+
+void BillWindow::AddCheck(QBoxLayout* foot, const char* control, const QString& caption, bool& flag)
+{
+    auto* const check = new QCheckBox(caption);
+    check->setObjectName(control);
+    check->setChecked(flag);
+    connect(check, &QCheckBox::toggled, this, [&flag](bool on) { flag = on; });
+    foot->addWidget(check);
+}
+
+void BillWindow::AddFreeze(QBoxLayout* foot)
+{
+    auto* const check = new QCheckBox("锁定前");
+    check->setObjectName("ChFixedCol");
+    auto* const count = new QLineEdit(QString::number(kLeastFixedColumns));
+    count->setObjectName("TxtFixedColNum");
+    count->setValidator(new QIntValidator(0, 99, count));
+    count->setAlignment(Qt::AlignHCenter);
+    count->setFixedWidth(count->fontMetrics().horizontalAdvance("0000") + 10);
+    connect(check, &QCheckBox::toggled, this, [this, count](bool on) {
+        if (on && count->text().toInt() < kLeastFixedColumns)
+            count->setText(QString::number(kLeastFixedColumns));
+        m_grid->SetFixedColumns(on ? count->text().toInt() : 1);
+    });
+    foot->addWidget(check);
+    foot->addWidget(count);
+    foot->addWidget(new QLabel("列"));
+}
+
+QLineEdit* BillWindow::MakeBox(const char* control, QString& text, bool isTyped)
+{
+    auto* const box = new QLineEdit;
+    box->setObjectName(control);
+    Bind(box, text);
+    if (isTyped)
+        connect(box, &QLineEdit::textEdited, this, [&text](const QString& typed) { text = typed; });
+    else
+        box->setEnabled(false);
+    return box;
+}
+
+void BillWindow::Bind(QWidget* widget, QString& text)
+{
+    m_bindings.push_back({widget, &text});
+}
+
+void BillWindow::ShowBill()
+{
+    for (const Binding& binding : m_bindings)
+        ShowText(binding.widget, *binding.text);
+    m_grid->SetLocked(!m_bill.entryEnabled);
+    m_grid->Sync();
+    ShowTotals();
+    ShowCommands();
+    const QString code = m_bill.TxtBillCode.trimmed();
+    setWindowTitle(code.isEmpty() ? m_bill.LabBillName : m_bill.LabBillName + " " + code);
+}
+
+void BillWindow::ShowTotals()
+{
+    findChild<QWidget*>("FrameTotal")->setEnabled(m_bill.entryEnabled);
+    findChild<QWidget*>("LabTotalAmount_Pair")->setVisible(m_bill.kind->lines != LineShape::Revalued);
+    findChild<QWidget*>("LabTotalMoney_Pair")->setVisible(m_bill.totalMoneyShown);
+}
+
+void BillWindow::ShowCommands()
+{
+    for (const BillKey& key : BillKeys()) {
+        const bool on = key.isThere && (!key.command || m_bill.isEnabled(*key.command));
+        findChild<QAction*>(key.control)->setEnabled(on);
+        if (key.menuEntry)
+            findChild<QAction*>(key.menuEntry)->setEnabled(on);
+    }
+    findChild<QMenu*>("MPrint")->menuAction()->setEnabled(m_bill.isEnabled(Command::Print));
+}
+
+void BillWindow::Run(BillCommands::Rule rule)
+{
+    m_editors->Hide();
+    rule(m_program, m_bill);
+    ShowBill();
+    if (rule == m_commands.build)
+        FocusFirstField();
+}
+
+void BillWindow::Save()
+{
+    m_editors->Hide();
+    const int row = m_bill.MSH.currentRow;
+    const int column = m_bill.MSH.currentColumn;
+    Posting posting;
+    {
+        const Busy busy(*m_loading);
+        posting = m_commands.save(m_program, m_bill);
+    }
+    ShowBill();
+    const bool isBlank = posting.stored && !m_bill.BillSavedFlag;
+    if (isBlank)
+        return FocusFirstField();
+    // A check that failed has put the cursor on the cell at fault.
+    if (!posting.stored && (m_bill.MSH.currentRow != row || m_bill.MSH.currentColumn != column))
+        m_editors->ShowCellEditor();
+}
+
+void BillWindow::OpenPicker(const PickerNeeded&)
+{
+    // Pickers are still to come; the focus stays where the choice was asked for.
+}
+
+void BillWindow::GoOn()
+{
+    focusNextChild();
+}
+
+bool BillWindow::event(QEvent* event)
+{
+    // A box stands before the window: nothing is being written now.
+    if (event->type() == QEvent::WindowBlocked && m_loading)
+        m_loading->hide();
+    return QMainWindow::event(event);
+}
+
+void BillWindow::closeEvent(QCloseEvent* event)
+{
+    if (m_program.gConnection.State() == 1)
+        m_program.gConnection.Close();
+    QMainWindow::closeEvent(event);
+}

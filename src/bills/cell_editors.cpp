@@ -1,0 +1,340 @@
+#include "bills/cell_editors.h"
+
+#include "bills/drop_list.h"
+#include "bills/grid_view.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace {
+
+const QColor kEditorBase(0xff, 0xfb, 0xe0);
+
+void Tint(QWidget& editor)
+{
+    QPalette colours = editor.palette();
+    colours.setColor(QPalette::Base, kEditorBase);
+    editor.setPalette(colours);
+}
+
+bool IsPlain(const QKeyEvent& key)
+{
+    return !(key.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier));
+}
+
+bool IsText(const QKeyEvent& key)
+{
+    return !key.text().isEmpty() && key.text().front().isPrint() &&
+           !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+}
+
+/// Keys of rows that a line editor would take for its own text.
+bool IsWindowKey(const QKeyEvent& key)
+{
+    return (key.modifiers() & Qt::ControlModifier) && (key.key() == Qt::Key_Delete || key.key() == Qt::Key_Insert);
+}
+
+} // namespace
+
+CellEditors::CellEditors(Program& program, BillText& bill, GridView& grid, QWidget* window)
+    : QObject(&grid),
+      m_program(program),
+      m_bill(bill),
+      m_grid(grid),
+      m_text(new QLineEdit(&grid)),
+      m_units(new QComboBox(&grid)),
+      m_dropList(new DropList(program, window))
+{
+    MakeTextEditor();
+    MakeUnitEditor();
+    grid.installEventFilter(this);
+    connect(&grid, &GridView::CellEntered, this, &CellEditors::ShowCellEditor);
+    connect(&grid, &GridView::CellsMoved, this, &CellEditors::PlaceEditors);
+    connect(m_dropList, &DropList::Chosen, this, &CellEditors::Choose);
+    connect(m_dropList, &DropList::KeyForEditor, this, [this](QKeyEvent* key) {
+        m_text->setFocus();
+        QApplication::sendEvent(m_text, key);
+    });
+}
+
+void CellEditors::MakeTextEditor()
+{
+    m_text->setObjectName("Text2");
+    m_text->setFrame(false);
+    m_text->hide();
+    Tint(*m_text);
+    m_text->installEventFilter(this);
+    connect(m_text, &QLineEdit::textEdited, this, &CellEditors::Type);
+}
+
+void CellEditors::MakeUnitEditor()
+{
+    m_units->setObjectName("Combol2");
+    m_units->setEditable(true);
+    m_units->setInsertPolicy(QComboBox::NoInsert);
+    m_units->setCompleter(nullptr);
+    m_units->hide();
+    Tint(*m_units);
+    m_units->installEventFilter(this);
+    m_units->lineEdit()->installEventFilter(this);
+    connect(m_units, &QComboBox::currentTextChanged, this, &CellEditors::TakeUnit);
+}
+
+void CellEditors::Hide()
+{
+    m_dropList->hide();
+    if (m_text->hasFocus() || m_units->hasFocus() || m_units->lineEdit()->hasFocus())
+        m_grid.setFocus();
+    m_text->hide();
+    m_units->hide();
+}
+
+void CellEditors::ShowCellEditor()
+{
+    Hide();
+    switch (EditorOfCell(m_bill)) {
+    case CellEditor::None:
+        return;
+    case CellEditor::Text:
+        return ShowTextEditor();
+    case CellEditor::Unit:
+        return ShowUnitEditor();
+    case CellEditor::Attribute:
+        // Behind the click or key that came here, since a picker waits for its own.
+        QMetaObject::invokeMethod(this, &CellEditors::ShowAttributePicker, Qt::QueuedConnection);
+    }
+}
+
+void CellEditors::ShowTextEditor()
+{
+    m_grid.scrollTo(m_grid.currentIndex());
+    m_text->setText(EditorText(m_bill));
+    m_text->setGeometry(EditorRect());
+    m_text->show();
+    m_text->setFocus();
+    m_text->selectAll();
+}
+
+void CellEditors::ShowUnitEditor()
+{
+    m_grid.scrollTo(m_grid.currentIndex());
+    const QSignalBlocker quiet(m_units);
+    m_units->clear();
+    m_units->addItems(LoadUnitChoices(m_program, m_bill));
+    const QString& unit = m_bill.MSH.Cell(m_bill.MSH.currentRow, m_bill.MSH.currentColumn);
+    m_units->setCurrentIndex(m_units->findText(unit));
+    m_units->setEditText(unit);
+    m_units->setGeometry(EditorRect());
+    m_units->show();
+    m_units->setFocus();
+    m_units->lineEdit()->selectAll();
+}
+
+void CellEditors::ShowAttributePicker()
+{
+    if (EditorOfCell(m_bill) != CellEditor::Attribute)
+        return;
+    const auto picker = AttributeStep(m_program, m_bill);
+    emit Changed();
+    if (picker)
+        emit PickerAsked(*picker);
+}
+
+QRect CellEditors::EditorRect() const
+{
+    return m_grid.CurrentCellRect().adjusted(2, 2, -2, -2);
+}
+
+void CellEditors::PlaceEditors()
+{
+    for (QWidget* editor : {static_cast<QWidget*>(m_text), static_cast<QWidget*>(m_units)}) {
+        const QRect place = EditorRect();
+        if (editor->isHidden() || editor->geometry() == place)
+            continue;
+        editor->setGeometry(place);
+        m_dropList->hide();
+    }
+}
+
+void CellEditors::LeaveToGrid()
+{
+    Hide();
+    m_grid.setFocus();
+}
+
+void CellEditors::Type(const QString& text)
+{
+    m_dropList->hide();
+    TypeInCell(m_program, m_bill, text);
+    emit Changed();
+    if (IsGoodsColumn(m_bill))
+        m_dropList->ShowUnder(*m_text, DropListQuery(text));
+}
+
+void CellEditors::TakeUnit(const QString& text)
+{
+    if (m_units->isHidden())
+        return;
+    m_bill.MSH.SetCell(m_bill.MSH.currentRow, m_bill.MSH.currentColumn, text);
+    emit Changed();
+}
+
+void CellEditors::Choose(const QString& code)
+{
+    LineGrid& lines = m_bill.MSH;
+    const int column = lines.currentColumn;
+    if (!code.isEmpty())
+        ChooseGood(m_program, m_bill, code);
+    LeaveToGrid();
+    emit Changed();
+    if (lines.currentColumn != column)
+        ShowCellEditor();
+}
+
+void CellEditors::Move(int columns, int rows)
+{
+    m_grid.setFocus();
+    if (!m_grid.MoveBy(columns, rows))
+        ShowCellEditor();
+}
+
+/// Tab: one column on, or back, and the editor opens there. At the last column it goes on to the next row.
+void CellEditors::StepToColumn(int step)
+{
+    if (step < 0 && m_bill.MSH.currentColumn < 2)
+        return;
+    Move(step, 0);
+}
+
+void CellEditors::EnterText()
+{
+    const bool isGoods = IsGoodsColumn(m_bill);
+    const EnterOutcome outcome = EnterCell(m_program, m_bill, m_text->text());
+    if (outcome.stopped) {
+        m_text->setFocus();
+        return;
+    }
+    emit Changed();
+    if (outcome.picker)
+        emit PickerAsked(*outcome.picker);
+    if (isGoods)
+        ShowCellEditor();
+    else
+        Move(1, 0);
+}
+
+bool CellEditors::TextKey(QKeyEvent* key)
+{
+    const bool listShown = m_dropList->isVisible();
+    if (!key->text().isEmpty())
+        m_dropList->hide();
+    switch (key->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        if (!IsPlain(*key))
+            return false;
+        if (listShown)
+            m_dropList->hide();
+        else
+            Move(key->key() == Qt::Key_Right ? 1 : -1, 0);
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        if (listShown)
+            m_dropList->TakeFocus();
+        else
+            Move(0, key->key() == Qt::Key_Down ? 1 : -1);
+        return true;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        StepToColumn(key->key() == Qt::Key_Tab ? 1 : -1);
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        EnterText();
+        return true;
+    case Qt::Key_Escape:
+        LeaveToGrid();
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool CellEditors::UnitKey(QKeyEvent* key)
+{
+    switch (key->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        TakeUnit(m_units->currentText());
+        Move(1, 0);
+        return true;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        if (!IsPlain(*key))
+            return false;
+        Move(key->key() == Qt::Key_Right ? 1 : -1, 0);
+        return true;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        StepToColumn(key->key() == Qt::Key_Tab ? 1 : -1);
+        return true;
+    case Qt::Key_Escape:
+        LeaveToGrid();
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// On the grid itself a character opens the editor and begins its text anew; F2 opens it as it is.
+bool CellEditors::GridKey(QKeyEvent* key)
+{
+    if (key->key() == Qt::Key_F2) {
+        ShowCellEditor();
+        return true;
+    }
+    if (m_bill.entryEnabled && (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab)) {
+        StepToColumn(key->key() == Qt::Key_Tab ? 1 : -1);
+        return true;
+    }
+    if (!IsText(*key))
+        return false;
+    TypeFromGrid(key);
+    return true;
+}
+
+void CellEditors::TypeFromGrid(QKeyEvent* key)
+{
+    ShowCellEditor();
+    if (!m_text->isHidden())
+        QApplication::sendEvent(m_text, key);
+}
+
+/// The editor closes when the user clicks away from the grid, and opens when the tab key comes into it.
+void CellEditors::FollowFocus(const QObject* watched, const QFocusEvent& focus)
+{
+    if (watched == &m_grid && focus.gotFocus() && focus.reason() == Qt::TabFocusReason)
+        ShowCellEditor();
+    const bool clickedAway = focus.lostFocus() && focus.reason() == Qt::MouseFocusReason;
+    if (watched == m_text && clickedAway && !m_grid.hasFocus() && !m_dropList->underMouse())
+        Hide();
+}
+
+bool CellEditors::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+        FollowFocus(watched, *static_cast<QFocusEvent*>(event));
+    if (event->type() == QEvent::ShortcutOverride)
+        return IsWindowKey(*static_cast<QKeyEvent*>(event));
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    auto* const key = static_cast<QKeyEvent*>(event);
+    if (watched == m_text)
+        return TextKey(key);
+    if (watched == &m_grid)
+        return GridKey(key);
+    return UnitKey(key);
+}

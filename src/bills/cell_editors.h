@@ -1,0 +1,65 @@
+#pragma once
+
+// The editors that lie over the current cell: Text2 for texts and figures, Combol2 for units, and the list of goods
+// under them. They move keys and texts between the user and the line entry; what a key does to the bill stands there.
+
+#include "bills/line_entry.h"
+
+#include <QObject>
+
+class DropList;
+class GridView;
+class QComboBox;
+class QFocusEvent;
+class QKeyEvent;
+class QLineEdit;
+
+class CellEditors : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @param window  what the list of goods may cover
+    CellEditors(Program& program, BillText& bill, GridView& grid, QWidget* window);
+
+    /// Opens the editor of the current cell, if it has one.
+    void ShowCellEditor();
+    void Hide();
+
+signals:
+    /// The bill's text has changed.
+    void Changed();
+    void PickerAsked(const PickerNeeded& picker);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void MakeTextEditor();
+    void MakeUnitEditor();
+    void ShowTextEditor();
+    void ShowUnitEditor();
+    void ShowAttributePicker();
+    void PlaceEditors();
+    QRect EditorRect() const;
+    void LeaveToGrid();
+    void Type(const QString& text);
+    void TakeUnit(const QString& text);
+    void Choose(const QString& code);
+
+    void FollowFocus(const QObject* watched, const QFocusEvent& focus);
+    bool TextKey(QKeyEvent* key);
+    bool UnitKey(QKeyEvent* key);
+    bool GridKey(QKeyEvent* key);
+    void EnterText();
+    void StepToColumn(int step);
+    void Move(int columns, int rows);
+    void TypeFromGrid(QKeyEvent* key);
+
+    Program& m_program;
+    BillText& m_bill;
+    GridView& m_grid;
+    QLineEdit* m_text;  // Text2
+    QComboBox* m_units; // Combol2
+    DropList* m_dropList;
+};

@@ -1,0 +1,423 @@
+#include "bills/grid_view.h"
+
+#include "base/number_text.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <algorithm>
+
+namespace {
+
+const QColor kCurrentRow(0xe6, 0xf0, 0xfc);
+const QColor kAccent(0x1d, 0x62, 0xb8);
+const QColor kLines(0xd9, 0xdf, 0xe7);
+
+bool IsFigure(const QString& text)
+{
+    bool ok = false;
+    CleanNumberText(text).trimmed().toDouble(&ok);
+    return ok;
+}
+
+Qt::Alignment AlignmentOf(int alignment, const QString& text)
+{
+    if (alignment >= 0 && alignment <= 2)
+        return Qt::AlignLeft;
+    if (alignment <= 5)
+        return Qt::AlignHCenter;
+    if (alignment <= 8)
+        return Qt::AlignRight;
+    return IsFigure(text) ? Qt::AlignRight : Qt::AlignLeft;
+}
+
+/// Paints the current row tinted and the current cell framed, whether the grid or an editor has the focus.
+class CellPainter : public QStyledItemDelegate
+{
+public:
+    CellPainter(const QTableView& view, QObject* parent) : QStyledItemDelegate(parent), m_view(view) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const QModelIndex current = m_view.currentIndex();
+        if (index.row() == current.row())
+            painter->fillRect(option.rect, kCurrentRow);
+        QStyleOptionViewItem plain(option);
+        plain.state &= ~(QStyle::State_HasFocus | QStyle::State_Selected | QStyle::State_MouseOver);
+        plain.state |= QStyle::State_Enabled;
+        QStyledItemDelegate::paint(painter, plain, index);
+        painter->save();
+        painter->setPen(kLines);
+        painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+        painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
+        if (index == current)
+            Frame(painter, option.rect);
+        painter->restore();
+    }
+
+private:
+    static void Frame(QPainter* painter, const QRect& cell)
+    {
+        painter->setPen(QPen(kAccent, 2));
+        painter->drawRect(cell.adjusted(1, 1, -1, -1));
+    }
+
+    const QTableView& m_view;
+};
+
+} // namespace
+
+GridModel::GridModel(LineGrid& grid, QObject* parent) : QAbstractTableModel(parent), m_grid(grid) {}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const
+{
+    const int row = index.row() + 1;
+    const int column = index.column() + 1;
+    if (row >= m_grid.rows() || column >= m_grid.columns())
+        return {};
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+        return m_grid.Cell(row, column);
+    if (role == Qt::TextAlignmentRole) {
+        const auto across = AlignmentOf(m_grid.column(column).alignment, m_grid.Cell(row, column));
+        return QVariant::fromValue(across | Qt::AlignVCenter);
+    }
+    return {};
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (role == Qt::TextAlignmentRole)
+        return int(Qt::AlignCenter);
+    const bool isCurrent = orientation == Qt::Vertical && section + 1 == m_grid.currentRow;
+    if (isCurrent && role == Qt::BackgroundRole)
+        return kAccent;
+    if (isCurrent && role == Qt::ForegroundRole)
+        return QColor(Qt::white);
+    if (role != Qt::DisplayRole)
+        return {};
+    if (orientation == Qt::Horizontal)
+        return section + 1 < m_grid.columns() ? m_grid.column(section + 1).caption : QString();
+    const int row = section + 1;
+    if (row >= m_grid.lastRow())
+        return QStringLiteral("*");
+    const QString& head = m_grid.Cell(row, 0);
+    return head.isEmpty() ? QString::number(row) : head;
+}
+
+bool GridModel::ColumnsChanged() const
+{
+    if (static_cast<int>(m_shown.size()) != m_grid.columns())
+        return true;
+    for (int i = 0; i < m_grid.columns(); ++i) {
+        const auto& now = m_grid.column(i);
+        const auto& then = m_shown[i];
+        if (now.caption != then.caption || now.width != then.width || now.alignment != then.alignment)
+            return true;
+    }
+    return false;
+}
+
+bool GridModel::Sync()
+{
+    const bool changed = ColumnsChanged();
+    const int rows = std::max(0, m_grid.rows() - 1);
+    if (changed) {
+        beginResetModel();
+        m_shown.clear();
+        for (int i = 0; i < m_grid.columns(); ++i)
+            m_shown.push_back(m_grid.column(i));
+        m_rows = rows;
+        m_columns = std::max(0, m_grid.columns() - 1);
+        endResetModel();
+        return true;
+    }
+    if (rows > m_rows) {
+        beginInsertRows({}, m_rows, rows - 1);
+        m_rows = rows;
+        endInsertRows();
+    } else if (rows < m_rows) {
+        beginRemoveRows({}, rows, m_rows - 1);
+        m_rows = rows;
+        endRemoveRows();
+    }
+    if (m_rows > 0 && m_columns > 0) {
+        emit dataChanged(index(0, 0), index(m_rows - 1, m_columns - 1));
+        emit headerDataChanged(Qt::Vertical, 0, m_rows - 1);
+    }
+    return false;
+}
+
+GridView::GridView(LineGrid& grid, QWidget* parent)
+    : QTableView(parent), m_grid(grid), m_model(new GridModel(grid, this)), m_fixed(new QTableView(this))
+{
+    setModel(m_model);
+    setItemDelegate(new CellPainter(*this, this));
+    setSelectionMode(NoSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setAlternatingRowColors(true);
+    setCornerButtonEnabled(false);
+    setShowGrid(false);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setStretchLastSection(true);
+    horizontalHeader()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 3);
+    horizontalHeader()->setFixedHeight(fontMetrics().height() + 12);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setHighlightSections(true);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this](int section, int, int pixels) { KeepWidth(section, pixels); });
+    MakeFixedPart();
+}
+
+void GridView::MakeFixedPart()
+{
+    m_fixed->setModel(m_model);
+    m_fixed->setItemDelegate(itemDelegate());
+    m_fixed->setFocusPolicy(Qt::NoFocus);
+    m_fixed->setSelectionMode(NoSelection);
+    m_fixed->setAlternatingRowColors(true);
+    m_fixed->setWordWrap(false);
+    m_fixed->setShowGrid(false);
+    m_fixed->setFrameShape(NoFrame);
+    m_fixed->verticalHeader()->hide();
+    m_fixed->verticalHeader()->setDefaultSectionSize(verticalHeader()->defaultSectionSize());
+    m_fixed->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_fixed->horizontalHeader()->setHighlightSections(false);
+    m_fixed->horizontalHeader()->setFixedHeight(horizontalHeader()->height());
+    m_fixed->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_fixed->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_fixed->setVerticalScrollMode(verticalScrollMode());
+    m_fixed->hide();
+    connect(m_fixed->verticalScrollBar(), &QScrollBar::valueChanged, verticalScrollBar(), &QScrollBar::setValue);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, m_fixed->verticalScrollBar(), &QScrollBar::setValue);
+    connect(m_fixed, &QTableView::pressed, this, [this](const QModelIndex& index) {
+        setFocus();
+        if (index == currentIndex())
+            emit CellEntered();
+        else
+            setCurrentIndex(index);
+    });
+}
+
+void GridView::Sync()
+{
+    m_syncing = true;
+    if (m_model->Sync())
+        LayOutColumns();
+    const int row = std::clamp(m_grid.currentRow, 1, std::max(1, m_grid.lastRow())) - 1;
+    const int column = std::clamp(m_grid.currentColumn, 1, std::max(1, m_grid.columns() - 1)) - 1;
+    const QModelIndex wanted = m_model->index(row, column);
+    if (wanted != currentIndex())
+        setCurrentIndex(wanted);
+    m_syncing = false;
+    Repaint();
+}
+
+void GridView::Repaint()
+{
+    viewport()->update();
+    verticalHeader()->viewport()->update();
+    m_fixed->viewport()->update();
+}
+
+int GridView::Pixels(int twips) const
+{
+    constexpr double kTwipsPerPixel = 1440.0 / 96.0;
+    constexpr double kPixelsOfDesignFont = 12.0; // the widths were laid out for nine points at 96 dots an inch
+    return qRound(twips / kTwipsPerPixel * std::max(1.0, fontInfo().pixelSize() / kPixelsOfDesignFont));
+}
+
+bool GridView::isStretched(int section) const
+{
+    for (int later = section + 1; later < m_model->columnCount(); ++later) {
+        if (!isColumnHidden(later))
+            return false;
+    }
+    return true;
+}
+
+void GridView::LayOutColumns()
+{
+    m_layingOut = true;
+    const int headWidth = m_grid.columns() > 0 ? m_grid.column(0).width : 0;
+    const int digits = fontMetrics().horizontalAdvance(QStringLiteral("0000")) + 10;
+    verticalHeader()->setVisible(headWidth > 0);
+    verticalHeader()->setFixedWidth(std::max(Pixels(headWidth), digits));
+    for (int section = 0; section < m_model->columnCount(); ++section) {
+        const int width = m_grid.column(section + 1).width;
+        setColumnHidden(section, width <= 0);
+        if (width > 0)
+            setColumnWidth(section, Pixels(width));
+    }
+    m_layingOut = false;
+    PlaceFixedPart();
+}
+
+/// A width that the user has drawn belongs to the bill's layout, as the format dialog saves it.
+void GridView::KeepWidth(int section, int pixels)
+{
+    if (m_layingOut || m_syncing || pixels <= 0 || isStretched(section))
+        return;
+    m_grid.column(section + 1).width = qRound(pixels * 1000.0 / Pixels(1000));
+    PlaceFixedPart();
+    emit CellsMoved();
+}
+
+void GridView::SetLocked(bool locked)
+{
+    QPalette colours = parentWidget()->palette();
+    if (locked) {
+        colours.setColor(QPalette::Base, colours.color(QPalette::Disabled, QPalette::Base));
+        colours.setColor(QPalette::AlternateBase, colours.color(QPalette::Window));
+    }
+    setPalette(colours);
+    m_fixed->setPalette(colours);
+}
+
+void GridView::SetFixedColumns(int count)
+{
+    m_fixedColumns = count;
+    PlaceFixedPart();
+    emit CellsMoved();
+}
+
+int GridView::FixedWidth() const
+{
+    int width = 0;
+    for (int section = 0; section < std::min(m_fixedColumns - 1, m_model->columnCount()); ++section)
+        width += columnWidth(section);
+    return width;
+}
+
+void GridView::PlaceFixedPart()
+{
+    const int width = FixedWidth();
+    m_fixed->setVisible(width > 0);
+    if (width == 0)
+        return;
+    for (int section = 0; section < m_model->columnCount(); ++section) {
+        const bool shown = section < m_fixedColumns - 1 && !isColumnHidden(section);
+        m_fixed->setColumnHidden(section, !shown);
+        if (shown)
+            m_fixed->setColumnWidth(section, columnWidth(section));
+    }
+    const QPoint corner = horizontalHeader()->geometry().topLeft();
+    m_fixed->setGeometry(corner.x(), corner.y(), width, viewport()->height() + horizontalHeader()->height());
+    m_fixed->verticalScrollBar()->setValue(verticalScrollBar()->value());
+    m_fixed->raise();
+}
+
+QRect GridView::CurrentCellRect() const
+{
+    const QModelIndex current = currentIndex();
+    if (!current.isValid())
+        return {};
+    const bool fixed = m_fixed->isVisible() && current.column() < m_fixedColumns - 1;
+    const QTableView* const view = fixed ? m_fixed : static_cast<const QTableView*>(this);
+    const QRect rect = view->visualRect(current);
+    const QRect seen = rect & view->viewport()->rect();
+    if (seen.width() < rect.width() / 2 || seen.height() < rect.height() / 2)
+        return {};
+    return QRect(view->viewport()->mapTo(this, seen.topLeft()), seen.size());
+}
+
+void GridView::scrollTo(const QModelIndex& index, ScrollHint hint)
+{
+    QTableView::scrollTo(index, hint);
+    if (!m_fixed->isVisible() || index.column() < m_fixedColumns - 1)
+        return;
+    const int covered = FixedWidth() - visualRect(index).left();
+    if (covered > 0)
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - covered);
+}
+
+int GridView::NextColumn(int from, int step) const
+{
+    for (int column = from + step; column >= 0 && column < m_model->columnCount(); column += step) {
+        if (!isColumnHidden(column))
+            return column;
+    }
+    return -1;
+}
+
+bool GridView::MoveBy(int columns, int rows)
+{
+    const QModelIndex current = currentIndex();
+    int row = current.row() + rows;
+    int column = columns == 0 ? current.column() : NextColumn(current.column(), columns);
+    if (column < 0 && columns > 0) {
+        ++row;
+        column = NextColumn(-1, 1);
+    }
+    const QModelIndex next = m_model->index(row, column);
+    if (!next.isValid())
+        return false;
+    setCurrentIndex(next);
+    return true;
+}
+
+void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    if (m_syncing || !current.isValid())
+        return;
+    m_grid.currentRow = current.row() + 1;
+    m_grid.currentColumn = current.column() + 1;
+    Repaint();
+    emit CellEntered();
+}
+
+void GridView::keyPressEvent(QKeyEvent* event)
+{
+    const bool plain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::ShiftModifier));
+    switch (event->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        if (plain) {
+            MoveBy(event->key() == Qt::Key_Right ? 1 : -1, 0);
+            return;
+        }
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        MoveBy(1, 0);
+        return;
+    default:
+        break;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void GridView::mousePressEvent(QMouseEvent* event)
+{
+    const QModelIndex before = currentIndex();
+    QTableView::mousePressEvent(event);
+    const QModelIndex pressed = indexAt(event->position().toPoint());
+    if (pressed.isValid() && pressed == before)
+        emit CellEntered();
+}
+
+void GridView::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    PlaceFixedPart();
+    emit CellsMoved();
+}
+
+void GridView::scrollContentsBy(int dx, int dy)
+{
+    QTableView::scrollContentsBy(dx, dy);
+    emit CellsMoved();
+}
+
+void GridView::updateGeometries()
+{
+    QTableView::updateGeometries();
+    if (m_model)
+        emit CellsMoved();
+}

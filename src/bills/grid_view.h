@@ -1,0 +1,86 @@
+#pragma once
+
+// The line grid on the screen, for both bill windows: shows a LineGrid, keeps its current cell and says when a cell is
+// entered. It edits nothing itself; the editors of a cell lie over it.
+
+#include "bills/line_grid.h"
+
+#include <QAbstractTableModel>
+#include <QTableView>
+
+/// A LineGrid without its row head and header row, which the view shows as headers.
+class GridModel : public QAbstractTableModel
+{
+public:
+    GridModel(LineGrid& grid, QObject* parent);
+
+    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_rows; }
+    int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_columns; }
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+    /// Follows the grid. True when its columns are not those of the last time.
+    bool Sync();
+
+private:
+    bool ColumnsChanged() const;
+
+    LineGrid& m_grid;
+    std::vector<LineGrid::Column> m_shown; // columns as the view knows them
+    int m_rows = 0;
+    int m_columns = 0;
+};
+
+class GridView : public QTableView
+{
+    Q_OBJECT
+
+public:
+    GridView(LineGrid& grid, QWidget* parent);
+
+    /// Shows what the grid holds now, its current cell included.
+    void Sync();
+    /// Greyed, as the lines of a bill that takes no input.
+    void SetLocked(bool locked);
+    /// Columns that stay in sight when the grid scrolls sideways, the row head counted.
+    void SetFixedColumns(int count);
+    /// Goes to the next visible column or row, from the last column on to the first of the next row. False at the end.
+    bool MoveBy(int columns, int rows);
+    /// Place of the current cell in this widget; empty while it is out of sight.
+    QRect CurrentCellRect() const;
+    /// Pixels of a width in twips at this screen and font.
+    int Pixels(int twips) const;
+
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
+signals:
+    /// The user has come to a cell, or clicked on the current one.
+    void CellEntered();
+    /// The current cell may stand elsewhere now.
+    void CellsMoved();
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void updateGeometries() override;
+
+private:
+    void MakeFixedPart();
+    void LayOutColumns();
+    void Repaint();
+    void PlaceFixedPart();
+    void KeepWidth(int section, int pixels);
+    int FixedWidth() const;
+    int NextColumn(int from, int step) const;
+    bool isStretched(int section) const;
+
+    LineGrid& m_grid;
+    GridModel* m_model;
+    QTableView* m_fixed; // shows the fixed columns over the scrolling ones
+    int m_fixedColumns = 1;
+    bool m_syncing = false;
+    bool m_layingOut = false;
+};

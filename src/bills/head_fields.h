@@ -1,0 +1,43 @@
+#pragma once
+
+// The head of a bill by the names of its controls, and what Enter and the picker buttons do in them.
+
+#include "bills/bill_text.h"
+#include "bills/picker_needed.h"
+#include "handover/program.h"
+
+#include <optional>
+#include <vector>
+
+struct HeadField
+{
+    const char* control;
+    QString BillText::*text;
+    bool typed; // takes what the user types; the others only show
+};
+const std::vector<HeadField>& HeadFields();
+/// Null for an unknown control.
+const HeadField* FindHeadField(const QString& control);
+
+struct HeadCheck
+{
+    const char* control;
+    bool BillText::*flag;
+};
+const std::vector<HeadCheck>& HeadChecks();
+const HeadCheck* FindHeadCheck(const QString& control);
+
+enum class WarehouseField
+{
+    F, // goods leave it
+    S, // goods arrive in it, or the only one
+};
+
+/// Enter in a warehouse box: the only warehouse whose code or name begins with the text fills code and name; otherwise
+/// both are emptied and the picker is needed. Unset also for an empty box.
+std::optional<PickerNeeded> LookUpWarehouse(Program& program, BillText& bill, WarehouseField field);
+/// Enter in the staff box, the same by code or name.
+std::optional<PickerNeeded> LookUpStaff(Program& program, BillText& bill);
+/// The pickers behind the buttons beside the boxes.
+PickerNeeded WarehousePicker(WarehouseField field);
+PickerNeeded StaffPicker();

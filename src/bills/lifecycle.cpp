@@ -1,0 +1,121 @@
+#include "bills/lifecycle.h"
+
+#include "bills/line_columns.h"
+#include "bills/recall.h"
+#include "data/periods.h"
+#include "handover/open_query.h"
+
+namespace {
+
+constexpr Command kLockable[] = {Command::Save,      Command::Delete,    Command::Void,
+                                 Command::InsertRow, Command::DeleteRow, Command::Import,
+                                 Command::Scan,      Command::Audit,     Command::UnAudit};
+
+/// Moves through the month's list, around its ends.
+void StepThroughMonth(Program& program, BillText& bill, int step)
+{
+    const int count = static_cast<int>(bill.navigation.size());
+    if (count == 0)
+        return;
+    bill.navigationIndex = (bill.navigationIndex + step + count) % count;
+    FillBill(program, bill, bill.NavTableName, bill.navigation[bill.navigationIndex]);
+}
+
+} // namespace
+
+void LoadWindow(Program& program, BillText& bill)
+{
+    bill.kind = &BillKinds().front();
+    bill.DTPDate = ParseDay(program.parameters.OperateDate).value_or(program.clock.Now().day);
+    bill.TxtOperator = program.parameters.UserName;
+    bill.TxtMoneyName = program.parameters.IsLotMoney ? MoneyNames(program).value(0) : QString();
+}
+
+void frm_Initialize(Program& program, BillText& bill, bool keepLoaded)
+{
+    const QString& operation = program.parameters.OperateType;
+    if (const BillKind* kind = KindOfOperation(operation))
+        bill.kind = kind;
+    bill.LabBillName = operation + "单";
+    bill.LabWarehouseNameS = bill.kind->warehouse;
+    bill.NavTableName = bill.kind->headTable;
+    OpenNavigation(program, bill);
+    if (keepLoaded)
+        return;
+    BuildGridColumns(program, bill);
+    NewBill(program, bill);
+}
+
+QStringList MoneyNames(Program& program)
+{
+    const Recordset rows = OpenQuery(program, Sql("select Name from TabMoneyType order by  IsBWB desc "));
+    QStringList names;
+    for (int row = 0; row < rows.size(); ++row)
+        names << rows.Text("Name", row);
+    return names;
+}
+
+void NewBill(Program& program, BillText& bill)
+{
+    ClearBill(program, bill);
+    bill.BillSavedFlag = false;
+    SetWindowEnabled(bill, true);
+    bill.SetEnabled(Command::Print, false);
+}
+
+void ClearBill(Program& program, BillText& bill)
+{
+    for (QString* text :
+         {&bill.TxtDate, &bill.TxtBillCode, &bill.TxtMemo, &bill.TxtExplain, &bill.LabTotalMoney, &bill.LabTotalAmount,
+          &bill.TxtWarehouseCodeF, &bill.TxtWarehouseNameF, &bill.TxtWarehouseCodeS, &bill.TxtWarehouseNameS,
+          &bill.TxtSaleMan, &bill.LabState, &bill.LabAuditing, &bill.TxtAuditing})
+        text->clear();
+    BuildGridColumns(program, bill);
+    bill.TxtOperator = program.parameters.UserName;
+}
+
+void SetWindowEnabled(BillText& bill, bool on)
+{
+    bill.entryEnabled = on;
+    for (const Command command : kLockable)
+        bill.SetEnabled(command, on);
+    bill.SetEnabled(Command::Print, true);
+}
+
+void RefreshWindowState(Program& program, BillText& bill)
+{
+    if (IsDayClosed(program, bill.DTPDate, false)) {
+        SetWindowEnabled(bill, false);
+        return;
+    }
+    const bool isAudited = !bill.TxtAuditing.trimmed().isEmpty();
+    SetWindowEnabled(bill, !isAudited);
+    bill.SetEnabled(Command::UnAudit, true);
+    if (bill.LabState.trimmed() == u"作废") {
+        SetWindowEnabled(bill, false);
+        bill.SetEnabled(Command::Delete, true);
+    }
+}
+
+void OpenNavigation(Program& program, BillText& bill)
+{
+    const QDate first(bill.DTPDate.year(), bill.DTPDate.month(), 1);
+    const QDate last = first.addDays(first.daysInMonth() - 1);
+    const Recordset rows =
+        OpenQuery(program, Sql("select  Code from ") + Name(bill.NavTableName) + "  where Datee>=" + first +
+                               "    and  Datee<=" + last + "  order by Datee,Code ");
+    bill.navigation.clear();
+    for (int row = 0; row < rows.size(); ++row)
+        bill.navigation << rows.Text("Code", row);
+    bill.navigationIndex = 0;
+}
+
+void PreviousBill(Program& program, BillText& bill)
+{
+    StepThroughMonth(program, bill, -1);
+}
+
+void NextBill(Program& program, BillText& bill)
+{
+    StepThroughMonth(program, bill, 1);
+}

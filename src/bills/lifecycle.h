@@ -1,0 +1,27 @@
+#pragma once
+
+// The life of a bill window: loaded, made a kind, blank, shown, locked by state, moved through the month's bills.
+
+#include "bills/bill_text.h"
+#include "handover/program.h"
+
+/// Form load: day, operator and currency that a window starts with. The kind is 同价调拨单 until frm_Initialize.
+void LoadWindow(Program& program, BillText& bill);
+/// Makes the window one of the kind that OperateType names; a word that names none leaves the kind as it is.
+/// @param keepLoaded  a recalled bill stays on the screen; otherwise a blank one is shown
+void frm_Initialize(Program& program, BillText& bill, bool keepLoaded);
+/// Currencies to choose from, the base currency first.
+QStringList MoneyNames(Program& program);
+
+void NewBill(Program& program, BillText& bill);
+/// Empties fields and lines. Day, currency and BillSavedFlag stay.
+void ClearBill(Program& program, BillText& bill);
+void SetWindowEnabled(BillText& bill, bool on);
+/// Locks what a closed day, an audit or a void forbids.
+void RefreshWindowState(Program& program, BillText& bill);
+
+/// Lists the bills of the month of the bill's day and stands on the first.
+void OpenNavigation(Program& program, BillText& bill);
+/// The neighbour in the month's list, around the end; nothing in an empty month.
+void PreviousBill(Program& program, BillText& bill);
+void NextBill(Program& program, BillText& bill);

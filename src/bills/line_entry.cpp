@@ -1,0 +1,273 @@
+#include "bills/line_entry.h"
+
+#include "bills/line_totals.h"
+#include "data/decimals.h"
+#include "handover/open_query.h"
+
+namespace {
+
+constexpr int kCodeColumn = 1;
+constexpr int kNameColumn = 2;
+
+Sql GoodByCode(const QString& code)
+{
+    return Sql("select * from TabWare where Code=") + code;
+}
+
+Sql GoodByName(const QString& text)
+{
+    return Sql("select * from TabWare where Name=") + text + " or ZJF=" + text + " ";
+}
+
+/// Writes a row of TabWare to the current row, with a quantity of one at the good's cost.
+void WriteGood(Program& program, BillText& bill, const Recordset& good)
+{
+    const LineColumns at(*bill.kind);
+    LineGrid& grid = bill.MSH;
+    const int row = grid.currentRow;
+    grid.SetCell(row, at.code, good.Text("Code"));
+    grid.SetCell(row, at.name, good.Text("Name"));
+    grid.SetCell(row, at.spec, good.Text("Spec"));
+    grid.SetCell(row, at.unit, good.Text("Unite"));
+    if (bill.kind->lines == LineShape::Revalued) {
+        grid.currentColumn = at.revaluation;
+        return;
+    }
+    const double cost = FetchRowCost(program, bill, good.Text("Code"));
+    grid.SetCell(row, at.amount, FormatByDigits(qint64(1), program.gDot.Amount_DotLen));
+    grid.SetCell(row, at.cost, FormatByDigits(cost, program.gDot.Price_DotLen));
+}
+
+/// The figures that a commit formats; every other column keeps what was typed into it.
+void CommitText(const Program& program, LineGrid& grid, const QString& caption, const QString& text)
+{
+    const auto set = [&grid](const QString& cell) { grid.SetCell(grid.currentRow, grid.currentColumn, cell); };
+    const auto figure = [&text] { return text.trimmed().remove(','); };
+    if (caption == u"数量")
+        set(FormatByDigits(figure(), program.gDot.Amount_DotLen));
+    else if (caption == u"单价")
+        set(FormatByDigits(figure(), program.gDot.Price_DotLen));
+    else if (caption == u"备注")
+        set(text);
+}
+
+/// @return false where the query of a goods column found no good
+bool CommitCell(Program& program, BillText& bill, const QString& text, const Sql& query)
+{
+    LineGrid& grid = bill.MSH;
+    const int row = grid.currentRow;
+    const QString caption = grid.column(grid.currentColumn).caption;
+    bool found = true;
+    if (caption == u"商品编号" || caption == u"商品名称") {
+        const Recordset good = query.isEmpty() ? Recordset() : OpenQuery(program, query);
+        found = !good.isEmpty();
+        if (found)
+            WriteGood(program, bill, good);
+    } else {
+        CommitText(program, grid, caption, text);
+    }
+    RecalcRowAmount(program, bill, row);
+    SumBillTotals(program, bill);
+    return found;
+}
+
+bool IsLine(const LineGrid& grid, Prompt& prompt)
+{
+    const bool isLine = grid.currentRow > 0 && grid.currentRow < grid.lastRow();
+    if (!isLine)
+        prompt.Inform("请选择正确的位置！");
+    return isLine;
+}
+
+QString CodeOfCurrentRow(const BillText& bill)
+{
+    return bill.MSH.Cell(bill.MSH.currentRow, kCodeColumn).trimmed();
+}
+
+} // namespace
+
+CellEditor EditorOfCell(const BillText& bill)
+{
+    const LineGrid& grid = bill.MSH;
+    if (grid.currentRow == 0 || grid.currentColumn == 0 || !bill.entryEnabled)
+        return CellEditor::None;
+    const LineColumns at(*bill.kind);
+    if (grid.currentColumn == at.money || grid.currentColumn == at.cost)
+        return CellEditor::None;
+    if (grid.currentColumn == at.unit)
+        return CellEditor::Unit;
+    return grid.currentColumn == at.attribute ? CellEditor::Attribute : CellEditor::Text;
+}
+
+QString EditorText(const BillText& bill)
+{
+    const LineColumns at(*bill.kind);
+    const QString& cell = bill.MSH.Cell(bill.MSH.currentRow, bill.MSH.currentColumn);
+    for (const int figure : {at.amount, at.cost, at.price, at.revaluation}) {
+        if (figure != 0 && figure == bill.MSH.currentColumn)
+            return CleanNumberText(cell);
+    }
+    return cell;
+}
+
+bool IsGoodsColumn(const BillText& bill)
+{
+    return bill.MSH.currentColumn == kCodeColumn || bill.MSH.currentColumn == kNameColumn;
+}
+
+void TypeInCell(Program& program, BillText& bill, const QString& text)
+{
+    LineGrid& grid = bill.MSH;
+    if (grid.currentColumn == 0)
+        return;
+    grid.SetCell(grid.currentRow, grid.currentColumn, text);
+    if (!IsGoodsColumn(bill)) {
+        Txt2ToMSH(program, bill, text, {});
+        return;
+    }
+    const int last = grid.lastRow();
+    if (grid.currentRow == last || !grid.Cell(last, kCodeColumn).isEmpty() || !grid.Cell(last, kNameColumn).isEmpty())
+        grid.AddRow();
+}
+
+Sql DropListQuery(const QString& text)
+{
+    const QString anywhere = "%" + text + "%";
+    return Sql("select Code as 商品编号  ,Name as 商品名称  ,Spec as 规格  ,Unite as 单位  ,ZJF as 助记符  from "
+               "TabWare "
+               " where Code like ") +
+           (text + "%") + " or  Name like " + anywhere + "  or  Spec like " + anywhere + "  or  ZJF like " + anywhere +
+           "  order by TypeCode,Code ";
+}
+
+EnterOutcome EnterCell(Program& program, BillText& bill, const QString& text)
+{
+    if (!WarehousePrecheck(program, bill))
+        return {true, {}};
+    switch (bill.MSH.currentColumn) {
+    case kCodeColumn:
+        return {false, Txt2ToMSH(program, bill, text, GoodByCode(text))};
+    case kNameColumn:
+        return {false, Txt2ToMSH(program, bill, text, GoodByName(text))};
+    default:
+        return {false, Txt2ToMSH(program, bill, text, {})};
+    }
+}
+
+std::optional<PickerNeeded> GoodsPicker(Program& program, const BillText& bill, const QString& text)
+{
+    if (!IsGoodsColumn(bill) || !WarehousePrecheck(program, bill))
+        return {};
+    Sql query("select TabWare.Code,TabWare.Name,TabWare.Spec,TabWare.Unite,TabWare.ZJF  from TabWare ");
+    const QString begins = text + "%";
+    if (!text.isEmpty() && bill.MSH.currentColumn == kCodeColumn)
+        query += Sql("  where TabWare.Code like ") + begins + "  ";
+    else if (!text.isEmpty())
+        query += Sql("  where (TabWare.Name like ") + begins + "    or TabWare.ZJF like " + begins + " ) ";
+    return PickerNeeded{"TabWare", "选择商品", query + " order by TabWare.code "};
+}
+
+void ChooseGood(Program& program, BillText& bill, const QString& code)
+{
+    CommitCell(program, bill, {}, GoodByCode(code));
+}
+
+std::optional<PickerNeeded> Txt2ToMSH(Program& program, BillText& bill, const QString& text, const Sql& query)
+{
+    if (CommitCell(program, bill, text, query))
+        return {};
+    return GoodsPicker(program, bill, text);
+}
+
+QStringList LoadUnitChoices(Program& program, const BillText& bill)
+{
+    if (bill.MSH.column(bill.MSH.currentColumn).caption != u"单位")
+        return {};
+    const Recordset good =
+        OpenQuery(program, Sql("select Unite ,SecondUnite  from  TabWare  where Code=") + CodeOfCurrentRow(bill) + " ");
+    QStringList units = {good.Text("Unite"), good.Text("SecondUnite")};
+    units.removeAll(QString());
+    return units;
+}
+
+std::optional<PickerNeeded> AttributeStep(Program& program, BillText& bill)
+{
+    const QString code = CodeOfCurrentRow(bill);
+    if (code.isEmpty())
+        return {};
+    const Recordset good = OpenQuery(program, Sql("select AttributeCode   from  TabWare  where Code=") + code + " ");
+    if (!good)
+        return {};
+    const QString group = good.Text("AttributeCode").trimmed();
+    if (!group.isEmpty())
+        return PickerNeeded{"TabAttribute", "选择属性", Sql(" where Code like ") + (group + "%") + " "};
+
+    LineGrid& grid = bill.MSH;
+    if (!grid.Cell(grid.currentRow, grid.currentColumn).isEmpty() &&
+        program.prompt.Ask("本行对应商品信息中未设置对应属性类别，本单据中该行对应属性值是否取消？"))
+        grid.SetCell(grid.currentRow, grid.currentColumn, {});
+    return {};
+}
+
+bool WarehousePrecheck(Program& program, const BillText& bill)
+{
+    const auto refuse = [&program](const QString& text) {
+        program.prompt.Inform(text);
+        return false;
+    };
+    if (bill.kind->hasSource && bill.TxtWarehouseNameF.trimmed().isEmpty())
+        return refuse("请先选择发货仓库名称！");
+    if (bill.TxtWarehouseNameS.trimmed().isEmpty())
+        return refuse("请先选择" + bill.kind->warehouse + "名称！");
+    if (bill.kind->hasSource && bill.TxtWarehouseCodeF.trimmed() == bill.TxtWarehouseCodeS.trimmed())
+        return refuse("禁止收货仓库名称与发货仓库名称相同！");
+    return true;
+}
+
+void InsertGridRow(Program& program, BillText& bill)
+{
+    LineGrid& grid = bill.MSH;
+    if (!IsLine(grid, program.prompt))
+        return;
+    grid.InsertRow(grid.currentRow);
+    for (int row = grid.currentRow; row <= grid.lastRow(); ++row)
+        grid.SetCell(row, 0, {});
+}
+
+void DeleteGridRow(Program& program, BillText& bill)
+{
+    LineGrid& grid = bill.MSH;
+    if (!IsLine(grid, program.prompt))
+        return;
+    if (!program.prompt.Ask("确定删除第" + QString::number(grid.currentRow) + "行吗？（删除掉将不可恢复）"))
+        return;
+    grid.RemoveRow(grid.currentRow);
+    SumBillTotals(program, bill);
+}
+
+std::optional<double> PosInPrice(Program& program, const BillText& bill, const QString& code)
+{
+    const bool hasWarehouse = !bill.TxtWarehouseCodeF.isEmpty() || !bill.TxtWarehouseCodeS.isEmpty();
+    if (!hasWarehouse || bill.kind->lines != LineShape::Counted)
+        return {};
+    return FetchRowCost(program, bill, code);
+}
+
+void PosInBill(Program& program, BillText& bill, const QString& code, double quantity)
+{
+    const Recordset good =
+        OpenQuery(program, Sql("select Code ,Name,Spec,Unite from TabWare where Code=") + code + " ");
+    if (good.isEmpty())
+        return;
+    const LineColumns at(*bill.kind);
+    LineGrid& grid = bill.MSH;
+    const int row = grid.lastRow();
+    grid.SetCell(row, at.code, good.Text("Code"));
+    grid.SetCell(row, at.name, good.Text("Name"));
+    grid.SetCell(row, at.spec, good.Text("Spec"));
+    grid.SetCell(row, at.unit, good.Text("Unite"));
+    // A revaluation has no quantity: the number lands in the unnamed column.
+    grid.SetCell(row, at.amount, FormatByDigits(quantity, program.gDot.Amount_DotLen));
+    grid.AddRow();
+    RecalcAllAmounts(program, bill);
+}

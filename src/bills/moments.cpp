@@ -1,0 +1,20 @@
+#include "bills/moments.h"
+
+#include <algorithm>
+
+namespace {
+
+/// Steps that the coarsest server still tells apart.
+constexpr int kStep = 4;
+
+} // namespace
+
+Moment RisingMoments::Next()
+{
+    m_left = std::max(m_left - 1, 0);
+    // Room for those still to come: close to midnight the first of them start earlier.
+    const int latest = kMillisecondsPerDay - 1 - m_left * kStep;
+    const int time = std::max(m_next, std::min(m_clock.Now().millisecondOfDay, latest));
+    m_next = time + kStep;
+    return {m_day, time};
+}

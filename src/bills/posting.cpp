@@ -1,0 +1,312 @@
+#include "bills/posting.h"
+
+#include "bills/audit.h"
+#include "bills/line_totals.h"
+#include "bills/moments.h"
+#include "data/decimals.h"
+#include "data/lookups.h"
+#include "handover/open_query.h"
+#include "stock/cost_rewrite.h"
+#include "stock/unit_cost.h"
+
+namespace {
+
+using Row = std::vector<Value>;
+
+/// What all rows of one save share.
+struct Save
+{
+    Program& program;
+    const BillText& bill;
+    const LineColumns at;
+    const bool auditedOnly;
+    const QString moneyName; // of the cost questions
+    RisingMoments moments;
+
+    Save(Program& p, const BillText& b)
+        : program(p),
+          bill(b),
+          at(*b.kind),
+          auditedOnly(IsAuditedBillCounted(p)),
+          moneyName(CostCurrency(p, b)),
+          moments(p.clock, b.DTPDate, b.MSH.lastRow())
+    {}
+
+    QString Cell(int row, int column) const { return bill.MSH.Cell(row, column).trimmed(); }
+    double Figure(int row, int column) const { return CellFigure(bill.MSH, row, column); }
+};
+
+/// What is known of a line only when it is written.
+struct LineFigures
+{
+    double unionAmount = 0;
+    double cost = 0;
+    double difference = 0; // of a set price to the cost, or the money of a revaluation
+    double lastCost = 0;   // after the revaluation
+};
+
+using HeadRow = Row (*)(const Save& save, const Moment& moment);
+
+enum class Outcome
+{
+    Stored,
+    NotStored, // the reason has been shown
+    CodeTaken,
+    NoMoney, // a figure came out too large for money
+};
+
+void Append(Row& row, const Row& more)
+{
+    row.insert(row.end(), more.begin(), more.end());
+}
+
+/// What the set prices of all lines differ from their costs by, as the grid shows them.
+Currency BillPriceDifference(const Save& save)
+{
+    Currency sum;
+    if (save.bill.kind->lines != LineShape::Priced)
+        return sum;
+    for (int row = 1; row < save.bill.MSH.lastRow(); ++row)
+        sum += Currency::FromDouble((save.Figure(row, save.at.cost) - save.Figure(row, save.at.price)) *
+                                    save.Figure(row, save.at.amount));
+    return sum;
+}
+
+/// The columns that every head ends with, from Report on.
+Row HeadEnd(const BillText& bill, const Moment& moment)
+{
+    return {QString(),
+            moment,
+            bill.TxtSaleMan.trimmed(),
+            bill.TxtMoneyName.trimmed(),
+            CellNumber(bill.TxtMoneyRate),
+            bill.TxtAuditing.trimmed()};
+}
+
+Row TransferHead(const Save& save, const Moment& moment)
+{
+    const BillText& bill = save.bill;
+    Row row = {bill.TxtBillCode.trimmed(),
+               bill.DTPDate,
+               bill.TxtWarehouseCodeF.trimmed(),
+               bill.TxtWarehouseNameF.trimmed(),
+               save.program.parameters.UserName,
+               bill.TxtWarehouseCodeS.trimmed(),
+               bill.TxtWarehouseNameS.trimmed(),
+               bill.TxtMemo.trimmed(),
+               bill.TxtExplain.trimmed(),
+               bill.kind->operation,
+               QString("正常"),
+               CellNumber(bill.LabTotalMoney)};
+    if (bill.kind->lines == LineShape::Priced)
+        row.emplace_back(BillPriceDifference(save));
+    Append(row, HeadEnd(bill, moment));
+    return row;
+}
+
+/// A count bill keeps no value in its head.
+Row StockHead(const Save& save, const Moment& moment)
+{
+    const BillText& bill = save.bill;
+    Row row = {bill.TxtBillCode.trimmed(),
+               bill.DTPDate,
+               save.program.parameters.UserName,
+               bill.TxtWarehouseCodeS.trimmed(),
+               bill.TxtWarehouseNameS.trimmed(),
+               bill.TxtMemo.trimmed(),
+               bill.TxtExplain.trimmed(),
+               bill.kind->operation,
+               QString("正常")};
+    if (bill.kind->lines == LineShape::Revalued)
+        row.emplace_back(CellNumber(bill.LabTotalMoney));
+    row.emplace_back(BillPriceDifference(save));
+    Append(row, HeadEnd(bill, moment));
+    return row;
+}
+
+CostQuestion CostQuestionOf(const Save& save, int row, const Moment& moment)
+{
+    CostQuestion question;
+    question.moment = moment;
+    question.wareCode = save.Cell(row, save.at.code);
+    question.dimensions = {PathHead(save.Cell(row, save.at.attribute)), save.Cell(row, save.at.spec),
+                           save.Cell(row, save.at.manufacturer), save.Cell(row, save.at.brand),
+                           save.Cell(row, save.at.batch)};
+    question.moneyName = save.moneyName;
+    question.auditedOnly = save.auditedOnly;
+    return question;
+}
+
+LineFigures FiguresOf(const Save& save, int row, const Moment& moment)
+{
+    CostQuestion question = CostQuestionOf(save, row, moment);
+    LineFigures figures;
+    figures.cost = GetUnitCost(save.program, question);
+    if (save.bill.kind->lines == LineShape::Revalued) {
+        figures.difference = save.Figure(row, save.at.revaluation);
+        question.addsValue = true;
+        question.lineMoney = Currency::FromDouble(figures.difference);
+        figures.lastCost = GetUnitCost(save.program, question);
+        return figures;
+    }
+    const double amount = save.Figure(row, save.at.amount);
+    const float ratio = GetUnitRatio(save.program, question.wareCode, save.Cell(row, save.at.unit));
+    figures.unionAmount = amount * static_cast<double>(ratio);
+    if (save.bill.kind->lines == LineShape::Priced) {
+        const double price = save.Figure(row, save.at.price);
+        if (figures.cost == 0)
+            figures.cost = price;
+        figures.difference = (price - figures.cost) * amount;
+    }
+    return figures;
+}
+
+/// The columns between the unit and the moment, which differ by what a line carries.
+Row LineMiddle(const Save& save, int row, const LineFigures& figures)
+{
+    const LineColumns& at = save.at;
+    const QString remark = save.Cell(row, at.remark);
+    const QString state = "正常";
+    const Currency difference = Currency::FromDouble(figures.difference);
+    switch (save.bill.kind->lines) {
+    case LineShape::Priced:
+        return {save.Figure(row, at.amount),
+                save.Figure(row, at.price),
+                save.Figure(row, at.money),
+                remark,
+                figures.cost,
+                difference,
+                state};
+    case LineShape::Revalued:
+        return {0.0, 0.0, figures.difference, remark, figures.cost, difference, state, figures.lastCost};
+    default:
+        return {save.Figure(row, at.amount), remark, figures.cost, state};
+    }
+}
+
+Row LineRow(const Save& save, int row, const Moment& moment, const LineFigures& figures)
+{
+    const BillText& bill = save.bill;
+    const LineColumns& at = save.at;
+    const QString attribute = save.Cell(row, at.attribute);
+    Row values = {qint64(row), bill.DTPDate, bill.TxtBillCode.trimmed()};
+    for (const int column : {at.code, at.name, at.spec, at.unit})
+        values.emplace_back(save.Cell(row, column));
+    Append(values, LineMiddle(save, row, figures));
+    Append(values, {moment, 0.0, bill.TxtMoneyName.trimmed(), CellNumber(bill.TxtMoneyRate), PathHead(attribute),
+                    PathTail(attribute), figures.unionAmount});
+    for (const int column : {at.manufacturer, at.brand, at.batch, at.madeOn, at.validUntil, at.onlyCode})
+        values.emplace_back(save.Cell(row, column));
+    values.emplace_back(bill.TxtAuditing.trimmed());
+    for (const int column : {at.custom1, at.custom2, at.custom3})
+        values.emplace_back(save.Cell(row, column));
+    return values;
+}
+
+bool WriteLine(Save& save, int row)
+{
+    const Moment moment = save.moments.Next();
+    const LineFigures figures = FiguresOf(save, row, moment);
+    if (!Currency::IsMoney(figures.difference))
+        return false;
+    const BillText& bill = save.bill;
+    OpenQuery(save.program, InsertInto(Name(bill.kind->lineTable), LineRow(save, row, moment, figures)));
+    if (bill.kind->lines == LineShape::Revalued && save.program.parameters.DatabaseType == u"Access")
+        RewriteCostOverBills(save.program, save.Cell(row, save.at.code), bill.TxtWarehouseCodeS.trimmed(), bill.DTPDate,
+                             save.moneyName, save.auditedOnly);
+    return true;
+}
+
+/// Whether a bill of this code is there.
+bool IsStored(Program& program, const BillText& bill)
+{
+    const Sql query =
+        Sql("select Code from  ") + Name(bill.kind->headTable) + "  where Code=" + bill.TxtBillCode.trimmed();
+    return !OpenQuery(program, query).isEmpty();
+}
+
+void DeleteRows(Program& program, const BillText& bill)
+{
+    const QString code = bill.TxtBillCode.trimmed();
+    OpenQuery(program, Sql("delete from  ") + Name(bill.kind->headTable) + "   where Code=" + code);
+    OpenQuery(program, Sql("delete from ") + Name(bill.kind->lineTable) + "  where BillCode=" + code);
+    QStringList warehouses = {bill.TxtWarehouseCodeS.trimmed()};
+    if (bill.kind->hasSource)
+        warehouses << bill.TxtWarehouseCodeF.trimmed();
+    for (const QString& warehouse : warehouses)
+        OpenQuery(program, Sql("delete from  TabWarehouseAmountChange  where BillCode=") + code +
+                               "  and WarehouseCode=" + warehouse + " ");
+}
+
+/// One unit of the store: leaving it early takes everything back.
+Outcome WriteBill(Save& save, HeadRow head, bool rewrite)
+{
+    Program& program = save.program;
+    const BillText& bill = save.bill;
+    SaveUnit unit(program);
+    if (!unit.isOpen())
+        return Outcome::NotStored;
+    if (rewrite)
+        DeleteRows(program, bill);
+    const Moment moment = save.moments.Next();
+    if (IsStored(program, bill))
+        return Outcome::CodeTaken;
+    OpenQuery(program, InsertInto(Name(bill.kind->headTable), head(save, moment)));
+    for (int row = 1; row < bill.MSH.lastRow(); ++row) {
+        if (!WriteLine(save, row))
+            return Outcome::NoMoney;
+    }
+    return unit.Commit() ? Outcome::Stored : Outcome::NotStored;
+}
+
+void ShowAsSaved(Program& program, BillText& bill)
+{
+    bill.TxtOperator = program.parameters.UserName;
+    if (bill.ChAutoAuditing)
+        AuditBill(program, bill);
+    bill.LabAuditing = bill.TxtAuditing.isEmpty() ? "未审核" : "已审核";
+    bill.LabState.clear();
+    bill.BillSavedFlag = true;
+    // The second audit says that the bill is audited already: that is what the user knows from every auto-audited save.
+    if (bill.ChAutoAuditing)
+        AuditBill(program, bill);
+    bill.SetEnabled(Command::Print, true);
+    program.prompt.Inform("保存成功！");
+}
+
+Posting SaveBill(Program& program, BillText& bill, HeadRow head)
+{
+    const bool rewrite = IsStored(program, bill) && bill.BillSavedFlag;
+    if (rewrite && !program.prompt.Ask("如果确定修改则按是，否则按否退出重新执行保存！")) {
+        program.prompt.Inform("修改单据失败！");
+        return {};
+    }
+    Save save(program, bill);
+    switch (WriteBill(save, head, rewrite)) {
+    case Outcome::CodeTaken:
+        program.prompt.Inform("单编号重复，请重新执行保存！");
+        return {};
+    case Outcome::NoMoney:
+        program.prompt.Inform("单价与成本价的差额超出系统所能保存的范围，请修改后再保存！");
+        return {};
+    case Outcome::NotStored:
+        return {};
+    case Outcome::Stored:
+        break;
+    }
+    const Posting posting = {true, bill.TxtBillCode.trimmed(), bill.MSH.lastRow() - 1};
+    ShowAsSaved(program, bill);
+    return posting;
+}
+
+} // namespace
+
+Posting SaveTransferBill(Program& program, BillText& bill)
+{
+    return SaveBill(program, bill, TransferHead);
+}
+
+Posting SaveStockBill(Program& program, BillText& bill)
+{
+    return SaveBill(program, bill, StockHead);
+}

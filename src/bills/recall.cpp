@@ -1,0 +1,127 @@
+#include "bills/recall.h"
+
+#include "bills/lifecycle.h"
+#include "bills/line_totals.h"
+#include "data/decimals.h"
+#include "data/lookups.h"
+#include "handover/open_query.h"
+
+namespace {
+
+/// Columns of a line that are shown as they stand.
+struct TextColumn
+{
+    int LineColumns::*at;
+    const char* column;
+};
+constexpr TextColumn kTextColumns[] = {
+    {&LineColumns::code, "WareCode"},
+    {&LineColumns::name, "WareName"},
+    {&LineColumns::spec, "WareSpec"},
+    {&LineColumns::unit, "Unite"},
+    {&LineColumns::remark, "Remark"},
+    {&LineColumns::brand, "Brand"},
+    {&LineColumns::manufacturer, "Manufacturer"},
+    {&LineColumns::batch, "PCode"},
+    {&LineColumns::madeOn, "SCDate"},
+    {&LineColumns::validUntil, "YXDate"},
+    {&LineColumns::onlyCode, "OnlyCode"},
+    {&LineColumns::custom1, "Custom1"},
+    {&LineColumns::custom2, "Custom2"},
+    {&LineColumns::custom3, "Custom3"},
+};
+
+/// The window becomes one of the table's kind; a table of no kind leaves it as it is.
+void ShowKind(BillText& bill, const QString& tableName)
+{
+    const BillKind* kind = KindOfHeadTable(tableName);
+    if (!kind)
+        return;
+    bill.kind = kind;
+    bill.LabBillName = kind->bill;
+    bill.LabWarehouseNameS = kind->recalledWarehouse;
+}
+
+void ShowHead(BillText& bill, const Recordset& head)
+{
+    bill.DTPDate = head.Day("Datee").value_or(bill.DTPDate);
+    bill.TxtDate = DayText(bill.DTPDate);
+    bill.TxtBillCode = head.Text("Code");
+    const bool hasSource = bill.kind->hasSource;
+    bill.TxtWarehouseCodeF = hasSource ? head.Text("WarehouseCodeF") : QString();
+    bill.TxtWarehouseNameF = hasSource ? head.Text("WarehouseNameF") : QString();
+    bill.TxtWarehouseCodeS = head.Text(hasSource ? "WarehouseCodeS" : "WarehouseCode");
+    bill.TxtWarehouseNameS = head.Text(hasSource ? "WarehouseNameS" : "WarehouseName");
+    bill.TxtOperator = head.Text("Operator");
+    bill.TxtMemo = head.Text("Remark");
+    bill.TxtExplain = head.Text("Explain");
+    bill.TxtSaleMan = head.Text("SaleMan");
+    bill.TxtMoneyName = head.Text("MoneyName");
+    bill.TxtMoneyRate = head.Text("MoneyRate");
+    bill.TxtAuditing = head.Text("Auditing");
+}
+
+void ShowLine(Program& program, BillText& bill, const LineColumns& at, const Recordset& lines, int index)
+{
+    LineGrid& grid = bill.MSH;
+    const DotType& places = program.gDot;
+    const auto show = [&](int column, const Value& value, int digits) {
+        grid.SetCell(index + 1, column, FormatByDigits(value, digits));
+    };
+    for (const TextColumn& text : kTextColumns)
+        grid.SetCell(index + 1, at.*text.at, lines.Text(text.column, index));
+    grid.SetCell(index + 1, at.attribute, AttributeCell(program, lines.Text("AttributeCode", index)));
+
+    if (bill.kind->lines == LineShape::Revalued) {
+        show(at.revaluation, lines.at(index, "Moneyy"), places.Money_DotLen);
+        return;
+    }
+    show(at.amount, lines.at(index, "Amount"), places.Amount_DotLen);
+    show(at.cost, lines.at(index, "AveragePrice"), places.Price_DotLen);
+    if (bill.kind->lines == LineShape::Priced) {
+        show(at.price, lines.at(index, "Price"), places.Price_DotLen);
+        show(at.money, lines.at(index, "Moneyy"), places.Money_DotLen);
+    } else {
+        show(at.money, lines.Number("Amount", index) * lines.Number("AveragePrice", index), places.Money_DotLen);
+    }
+}
+
+void ShowState(BillText& bill, const QString& state)
+{
+    bill.LabAuditing = bill.TxtAuditing.trimmed().isEmpty() ? "未审核" : "已审核";
+    bill.LabState = state == u"正常" ? "" : "作废";
+}
+
+} // namespace
+
+void FillBill(Program& program, BillText& bill, const QString& tableName, const QString& billCode)
+{
+    bill.BillSavedFlag = true;
+    bill.NavTableName = tableName;
+    ShowKind(bill, tableName);
+    BuildGridColumns(program, bill);
+
+    const Recordset head = OpenQuery(program, Sql("select * from ") + Name(tableName) + " where Code=" + billCode);
+    if (head.isEmpty()) {
+        if (head)
+            program.prompt.Inform("没有原单！");
+        RefreshWindowState(program, bill);
+        return;
+    }
+    ShowHead(bill, head);
+    bill.LabTotalAmount.clear();
+    bill.LabTotalMoney.clear();
+
+    const Recordset lines = OpenQuery(program, Sql("select * from ") + Name(tableName + "Inf") +
+                                                   " where BillCode=" + billCode + " order by Num");
+    if (lines.isEmpty())
+        return;
+    const LineColumns at(*bill.kind);
+    for (int index = 0; index < lines.size(); ++index) {
+        ShowLine(program, bill, at, lines, index);
+        bill.MSH.AddRow();
+    }
+    SumBillTotals(program, bill);
+    ShowState(bill, head.Text("State").trimmed());
+    RefreshWindowState(program, bill);
+}

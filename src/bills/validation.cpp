@@ -1,0 +1,234 @@
+#include "bills/validation.h"
+
+#include "bills/line_totals.h"
+#include "bills/only_code.h"
+#include "data/decimals.h"
+#include "data/lookups.h"
+#include "data/numbering.h"
+#include "data/periods.h"
+#include "data/rights.h"
+#include "handover/open_query.h"
+#include "stock/balance.h"
+
+#include <cmath>
+
+namespace {
+
+/// What a line is short of its stock by, at least: less is the noise of floating point.
+constexpr double kStockTolerance = 5e-8;
+
+const QString kLineBreak = QStringLiteral("\r\n");
+
+bool Refuse(Program& program, const QString& text)
+{
+    program.prompt.Inform(text);
+    return false;
+}
+
+QString RowWord(int row)
+{
+    return "第 " + QString::number(row) + " 行";
+}
+
+/// A refusal that puts the cursor on the cell at fault.
+bool RefuseCell(Program& program, BillText& bill, int row, int column, const QString& text)
+{
+    bill.MSH.currentRow = row;
+    bill.MSH.currentColumn = column;
+    return Refuse(program, text);
+}
+
+/// One warehouse of the head must be a leaf of the tree; its exact name and code come from there.
+bool CheckWarehouse(Program& program, QString& code, QString& name, const QString& word)
+{
+    if (name.trimmed().isEmpty())
+        return Refuse(program, word + "不能为空！");
+    const bool byCode = !code.isEmpty();
+    const auto leaf =
+        CheckLastLevel(program, byCode ? code : name, "TabWarehouseType", byCode ? KeyKind::Code : KeyKind::Name);
+    if (!leaf)
+        return Refuse(program, word + "名称不正确（原因：名称不存在或不是处于最末级），请重新选择！");
+    name = leaf->Name;
+    code = leaf->Code;
+    return true;
+}
+
+bool CheckCurrency(Program& program, const BillText& bill)
+{
+    if (!program.parameters.IsLotMoney)
+        return true;
+    if (bill.TxtMoneyName.trimmed().isEmpty())
+        return Refuse(program, "请选择币种！");
+    return CellNumber(bill.TxtMoneyRate) != 0 || Refuse(program, "汇率不能为0，如果是本位币，则汇率填写1");
+}
+
+bool CheckQuantity(Program& program, const BillText& bill, const LineColumns& at, int row)
+{
+    const QString code = bill.MSH.Cell(row, at.code).trimmed();
+    if (at.amount == 0 || code.isEmpty() || CellFigure(bill.MSH, row, at.amount) != 0)
+        return true;
+    return Refuse(program,
+                  RowWord(row) + " 商品编号为  " + code + "   的商品对应数量为0，请录入数量或删除掉该行之后再保存！");
+}
+
+/// The good must exist; its stored code and name go to the row.
+bool CheckGood(Program& program, BillText& bill, const LineColumns& at, int row)
+{
+    LineGrid& grid = bill.MSH;
+    const QString code = grid.Cell(row, at.code).trimmed();
+    if (code.isEmpty() && grid.Cell(row, at.name).trimmed().isEmpty())
+        return true;
+    const Recordset good = OpenQuery(program, Sql("select Code,Name from TabWare  where Code=") + code + " ");
+    if (good.isEmpty())
+        return RefuseCell(program, bill, row, at.code,
+                          RowWord(row) + "商品编号为 " + code +
+                              "  的商品信息在商品信息表在不存，请先从商品信息录入界面录入好商品信息后再开单！"
+                              "或者双击商品编号列所在行选择商品信息。");
+    grid.SetCell(row, at.code, good.Text("Code"));
+    grid.SetCell(row, at.name, good.Text("Name"));
+    return true;
+}
+
+bool CheckDay(Program& program, BillText& bill, int column, const QString& word, int row)
+{
+    const QString text = bill.MSH.Cell(row, column).trimmed();
+    if (text.isEmpty() || ParseDay(text))
+        return true;
+    return RefuseCell(program, bill, row, column,
+                      RowWord(row) + " " + word + " 输入格式不正确！" + kLineBreak +
+                          "请输入完整的日期格式（YYYY-MM-DD）后再保存！");
+}
+
+bool CheckOnlyCode(Program& program, BillText& bill, const LineColumns& at, int row)
+{
+    const QString onlyCode = bill.MSH.Cell(row, at.onlyCode).trimmed();
+    if (onlyCode.isEmpty())
+        return true;
+    const OnlyCodeQuestion question = {onlyCode, bill.MSH.Cell(row, at.code).trimmed(), bill.TxtBillCode.trimmed(),
+                                       bill.kind->headTable};
+    if (!HasComeIn(program, question))
+        return RefuseCell(program, bill, row, at.onlyCode,
+                          RowWord(row) + "输入的  唯一码  在系统中不存在，不能输入系统中不存在的唯一码！" + kLineBreak +
+                              "请修改保证其在系统中存在后再保存！");
+    if (HasGoneOut(program, question))
+        return RefuseCell(program, bill, row, at.onlyCode,
+                          RowWord(row) + "输入的  唯一码  在系统中曾经已出库，不允许该 唯一码 再次操作！" + kLineBreak +
+                              "请修改后再保存！");
+    return true;
+}
+
+/// Figures that money cannot hold would be stored as something else; so would sums that pass its range on their way.
+bool CheckMoneyRange(Program& program, BillText& bill, const LineColumns& at)
+{
+    const LineGrid& grid = bill.MSH;
+    const int moneyColumn = at.money != 0 ? at.money : at.revaluation;
+    double total = 0;
+    double difference = 0;
+    for (int row = 1; row <= grid.lastRow(); ++row) {
+        const double cell = CellFigure(grid, row, moneyColumn);
+        const double money = RowMoney(grid, at, row);
+        const double value = CellFigure(grid, row, at.amount) * CellFigure(grid, row, at.cost);
+        for (const double figure : {cell, money, value, value - money}) {
+            if (!Currency::IsMoney(figure))
+                return RefuseCell(program, bill, row, moneyColumn,
+                                  RowWord(row) + " " + (at.money != 0 ? "金额" : "调价金额") +
+                                      " 超出系统所能保存的范围，请修改后再保存！");
+        }
+        total += cell;
+        difference += value - money;
+        if (!Currency::IsMoney(total) || !Currency::IsMoney(difference))
+            return Refuse(program, "合计金额超出系统所能保存的范围，请修改后再保存！");
+    }
+    return true;
+}
+
+/// Whether stock is to be tested at all: a row of settings that does not allow stock below zero.
+bool IsStockTestOn(Program& program)
+{
+    const Recordset settings = OpenQuery(program, Sql("select * from TabSysSet "));
+    return !settings.isEmpty() && settings.Integer("IsZero") != 1;
+}
+
+bool CheckStock(Program& program, const BillText& bill)
+{
+    if (!bill.kind->stockTested || !IsStockTestOn(program))
+        return true;
+    const LineColumns at(*bill.kind);
+    const bool auditedOnly = IsAuditedBillCounted(program);
+    for (int row = 1; row <= bill.MSH.lastRow(); ++row) {
+        const QString code = bill.MSH.Cell(row, at.code).trimmed();
+        const double quantity = CellFigure(bill.MSH, row, at.amount);
+        if (!code.isEmpty() && CheckStockEnough(program, bill, code, quantity, auditedOnly))
+            return Refuse(program, "请检查列表中第  " + QString::number(row) + " 行！");
+    }
+    return true;
+}
+
+/// A new bill takes the next code of its kind.
+bool NumberBill(Program& program, BillText& bill)
+{
+    if (bill.BillSavedFlag)
+        return true;
+    const QString& prefix = bill.kind->prefix;
+    bill.TxtDate = DayText(bill.DTPDate);
+    bill.TxtBillCode = NextBillCode(program, prefix, bill.kind->headTable);
+    return bill.TxtBillCode.trimmed().left(3) == prefix || Refuse(program, "单据编号前三位必须为 " + prefix + " ！");
+}
+
+} // namespace
+
+bool CheckBillLines(Program& program, BillText& bill)
+{
+    const LineColumns at(*bill.kind);
+    for (int row = 1; row <= bill.MSH.lastRow(); ++row) {
+        if (!CheckQuantity(program, bill, at, row) || !CheckGood(program, bill, at, row) ||
+            !CheckDay(program, bill, at.madeOn, "生产日期", row) ||
+            !CheckDay(program, bill, at.validUntil, "有效日期", row) || !CheckOnlyCode(program, bill, at, row))
+            return false;
+    }
+    return CheckMoneyRange(program, bill, at);
+}
+
+bool CheckStockEnough(Program& program, const BillText& bill, const QString& code, double quantity, bool auditedOnly)
+{
+    if (code.isEmpty()) {
+        program.prompt.Inform("不能确定商品编号！");
+        return true;
+    }
+    StockQuestion question;
+    question.warehouse = bill.TxtWarehouseCodeF.trimmed();
+    question.wareCode = code;
+    question.asOf = {bill.DTPDate, 0};
+    question.auditedOnly = auditedOnly;
+    double stock = GetStockBalance(program, question).ShownAmount;
+
+    const Recordset own =
+        OpenQuery(program, Sql("select sum(Amount) as sumAmount  from  ") + Name(bill.kind->lineTable) +
+                               "  Where WareCode=" + code + " and BillCode=" + bill.TxtBillCode.trimmed() + " ");
+    stock -= own.Number("sumAmount");
+    if (quantity - stock <= kStockTolerance)
+        return false;
+
+    const auto figure = [](double value) { return QString::number(value, 'g', 15); };
+    program.prompt.Inform("库存数量不足！截至 " + DayText(bill.DTPDate) + " 时，" + bill.TxtWarehouseNameF.trimmed() +
+                          " 中库存量为" + figure(stock) + "，因此最多只能开出 " + figure(std::fmax(stock, 0)) +
+                          "，请调整！");
+    return true;
+}
+
+bool CheckBill(Program& program, BillText& bill)
+{
+    const BillKind& kind = *bill.kind;
+    if (!CheckOperateRight(program, program.parameters.UserName, kind.operation, Action::Edit))
+        return false;
+    if (IsDayClosed(program, bill.DTPDate, true))
+        return false;
+    if (kind.hasSource && !CheckWarehouse(program, bill.TxtWarehouseCodeF, bill.TxtWarehouseNameF, "发货仓库"))
+        return false;
+    if (!CheckWarehouse(program, bill.TxtWarehouseCodeS, bill.TxtWarehouseNameS, kind.warehouse))
+        return false;
+    if (!CheckCurrency(program, bill) || !CheckBillLines(program, bill) || !CheckStock(program, bill) ||
+        !NumberBill(program, bill))
+        return false;
+    return !bill.TxtBillCode.trimmed().isEmpty() || Refuse(program, "单据编号不能为空！");
+}

@@ -1,0 +1,119 @@
+#include "data/periods.h"
+
+#include "base/number_text.h"
+#include "handover/open_query.h"
+
+#include <algorithm>
+
+namespace {
+/// The month's row of TabAccountAreaSet, where it has one.
+std::optional<QString> ClosingDayOf(Program& program, int month)
+{
+    const Recordset rs = OpenQuery(program, Sql("select * from TabAccountAreaSet where DateeM=") + month + " ");
+    if (rs.isEmpty())
+        return std::nullopt;
+    return rs.Text("DateeD");
+}
+
+/// A whole number from text, 0 for anything below.
+int WholeNumber(const QString& text)
+{
+    return qRound(std::clamp(Val(text), 0.0, 9999.0));
+}
+
+int YearOf(Program& program, const QString& year)
+{
+    return year.trimmed().isEmpty() ? program.clock.Now().day.year() : WholeNumber(year);
+}
+
+QString LastDayOf(int year, int month)
+{
+    const QDate first(year, month, 1);
+    return first.isValid() ? QString::number(first.daysInMonth()) : QString();
+}
+
+/// The end of the period before. Only a January with a row of its own looks at December's.
+QDate EndOfPeriodBefore(Program& program, int year, int month)
+{
+    if (month > 1)
+        return GetPeriodEndDate(program, year, month - 1);
+    if (ClosingDayOf(program, month))
+        return GetPeriodEndDate(program, year - 1, 12);
+    return QDate(year - 1, 12, 31);
+}
+
+bool ClosedBy(Program& program, const Sql& sql, const QDate& day)
+{
+    const std::optional<QDate> closed = OpenQuery(program, sql).Day("Datee");
+    return closed && *closed >= day;
+}
+
+/// The first day of the accounting month that a day falls into; invalid where its period cannot be told.
+QDate PeriodOf(Program& program, const QDate& day)
+{
+    if (!day.isValid())
+        return {};
+    const QDate start = GetPeriodStartDate(program, day.year(), day.month());
+    const QDate end = GetPeriodEndDate(program, day.year(), day.month());
+    if (!start.isValid() || !end.isValid())
+        return {};
+    const QDate month(day.year(), day.month(), 1);
+    if (day > end)
+        return month.addMonths(1);
+    return day < start ? month.addMonths(-1) : month;
+}
+} // namespace
+
+bool IsDayClosed(Program& program, const QDate& day, bool showMessage)
+{
+    const bool closed = ClosedBy(program, Sql("select max(Datee) as Datee from TabTurn "), day) ||
+                        ClosedBy(program, Sql("select max(Datee) as Datee from TabTurnDay "), day);
+    if (closed && showMessage)
+        program.prompt.Inform("今天已结转，禁止当前操作！");
+    return closed;
+}
+
+bool HasWarehouseClosing(Program& program)
+{
+    // Rows of 1900-01-01 are the mark of an empty closing.
+    if (OpenQuery(program, Sql("select * from TabTurn where Datee<>") + kNoDate + " ").isEmpty())
+        return false;
+    program.prompt.Inform("已经作过仓库期末结转，不允许再修改期初库存数！");
+    return true;
+}
+
+QString GetPeriodEndDay(Program& program, const QString& month, const QString& year)
+{
+    const int number = std::clamp(WholeNumber(month), 1, 12);
+    if (const std::optional<QString> day = ClosingDayOf(program, number))
+        return *day;
+    return LastDayOf(YearOf(program, year), number);
+}
+
+QString GetMonthEndDay(Program& program, const QString& month, const QString& year)
+{
+    return LastDayOf(YearOf(program, year), WholeNumber(month));
+}
+
+QDate GetPeriodStartDate(Program& program, int year, int month)
+{
+    const QDate before = EndOfPeriodBefore(program, year, month);
+    return before.isValid() ? before.addDays(1) : QDate();
+}
+
+QDate GetPeriodEndDate(Program& program, int year, int month)
+{
+    return QDate(year, month, GetPeriodEndDay(program, QString::number(month), QString::number(year)).toInt());
+}
+
+QString GetPeriodMonth(Program& program, const QDate& day)
+{
+    const QDate period = PeriodOf(program, day);
+    return period.isValid() ? QString::number(period.month()) : QString();
+}
+
+QString GetPeriodYear(Program& program, const QDate& day)
+{
+    const QDate period = PeriodOf(program, day);
+    return period.isValid() ? QString::number(period.year()) : QString();
+}

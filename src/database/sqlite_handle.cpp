@@ -1,0 +1,59 @@
+#include "database/sqlite_handle.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+struct KnownFailure
+{
+    int code;
+    const char* text;
+};
+
+constexpr KnownFailure kKnownFailures[] = {
+    {SQLITE_BUSY, "数据库正被其他程序占用，请稍后重试！"},
+    {SQLITE_LOCKED, "数据库正被其他程序占用，请稍后重试！"},
+    {SQLITE_FULL, "磁盘空间不足，数据没有写入！"},
+    {SQLITE_IOERR, "读写数据库文件时出错！"},
+    {SQLITE_READONLY, "数据库文件或其所在文件夹是只读的！"},
+    {SQLITE_CANTOPEN, "数据库文件不能打开！"},
+    {SQLITE_CORRUPT, "数据库文件已损坏！"},
+    {SQLITE_NOTADB, "数据库文件已损坏或不是账套文件！"},
+};
+} // namespace
+
+SqliteHandle OpenHandle(const QString& path, int flags)
+{
+    sqlite3* opened = nullptr;
+    const int code = sqlite3_open_v2(QFile::encodeName(path).constData(), &opened, flags, nullptr);
+    SqliteHandle database(opened);
+    if (code != SQLITE_OK)
+        throw ErrorOf(opened, path);
+    return database;
+}
+
+StoreError ErrorOf(sqlite3* database, const QString& path)
+{
+    const int code = sqlite3_errcode(database) & 0xff;
+    const QString detail = QString::fromUtf8(sqlite3_errmsg(database));
+    for (const KnownFailure& known : kKnownFailures)
+        if (known.code == code)
+            return {code, QString(known.text) + "\r\n" + path + "\r\n(" + detail + ")"};
+    return {code, detail};
+}
+
+void CheckFileHeader(const QString& path)
+{
+    if (!QFileInfo(path).isFile())
+        throw StoreError{SQLITE_CANTOPEN, "账套文件不存在：" + path};
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw StoreError{SQLITE_CANTOPEN, "账套文件不能打开：" + path + "\r\n(" + file.errorString() + ")"};
+    const QByteArray header = file.read(32);
+    const QByteArray jetMark = header.mid(4, 15);
+    if (jetMark == "Standard Jet DB" || jetMark == "Standard ACE DB")
+        throw StoreError{SQLITE_NOTADB,
+                         "账套文件是旧版 Access（Jet）数据库，需要先转换为新的账套格式才能打开：" + path};
+    if (!header.startsWith("SQLite format 3"))
+        throw StoreError{SQLITE_NOTADB, "账套文件已损坏或不是账套文件：" + path};
+}

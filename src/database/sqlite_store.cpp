@@ -1,0 +1,210 @@
+#include "database/sqlite_store.h"
+
+#include "database/sqlite_handle.h"
+#include "database/sqlite_sum.h"
+#include "database/statement_mapping.h"
+
+#include <QFile>
+#include <unordered_map>
+
+namespace {
+// One host, many programs: readers never wait for the writer, and a commit is on the disk when it returns.
+constexpr const char* kPragmas = "pragma busy_timeout=5000;"
+                                 "pragma journal_mode=WAL;"
+                                 "pragma synchronous=FULL;"
+                                 "pragma cache_size=-32768;"
+                                 "pragma temp_store=MEMORY;"
+                                 "pragma trusted_schema=OFF;";
+
+/// Statements kept prepared; beyond that the store starts over, which no window comes near.
+constexpr size_t kMostPrepared = 256;
+
+class SqliteStore : public Store
+{
+public:
+    SqliteStore(QString path, SqliteHandle database);
+
+    Recordset Run(const Sql& sql) override;
+    void BeginUnit() override { RunWords("begin immediate"); }
+    void CommitUnit() override { RunWords("commit"); }
+    void RollbackUnit() override
+    {
+        if (inUnit())
+            RunWords("rollback");
+    }
+    bool inUnit() const override { return sqlite3_get_autocommit(m_database.get()) == 0; }
+
+private:
+    struct Prepared
+    {
+        SqliteStatement statement;
+        std::shared_ptr<const Recordset::Columns> columns;
+    };
+
+    void RunWords(const char* words);
+    Prepared& Prepare(const std::string& shape);
+    void Bind(sqlite3_stmt* statement, const std::vector<Value>& values) const;
+    std::vector<Recordset::Row> Fetch(sqlite3_stmt* statement, int columns) const;
+
+    QString m_path;
+    SqliteHandle m_database;
+    std::unordered_map<std::string, Prepared> m_prepared;
+};
+
+SqliteStore::SqliteStore(QString path, SqliteHandle database) : m_path(std::move(path)), m_database(std::move(database))
+{
+    RegisterExactSum(m_database.get());
+    RunWords(kPragmas);
+}
+
+void SqliteStore::RunWords(const char* words)
+{
+    if (sqlite3_exec(m_database.get(), words, nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw ErrorOf(m_database.get(), m_path);
+}
+
+SqliteStore::Prepared& SqliteStore::Prepare(const std::string& shape)
+{
+    const auto found = m_prepared.find(shape);
+    if (found != m_prepared.end())
+        return found->second;
+    if (m_prepared.size() >= kMostPrepared)
+        m_prepared.clear();
+
+    const std::string words = MapForSqlite(shape);
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v3(m_database.get(), words.data(), static_cast<int>(words.size()), SQLITE_PREPARE_PERSISTENT,
+                           &statement, nullptr) != SQLITE_OK)
+        throw ErrorOf(m_database.get(), m_path);
+    Prepared prepared{SqliteStatement(statement), nullptr};
+    auto columns = std::make_shared<Recordset::Columns>();
+    for (int i = 0; i < sqlite3_column_count(statement); ++i)
+        columns->push_back(QString::fromUtf8(sqlite3_column_name(statement, i)));
+    prepared.columns = std::move(columns);
+    return m_prepared.emplace(shape, std::move(prepared)).first->second;
+}
+
+struct BindValue
+{
+    sqlite3_stmt* statement;
+    int position;
+
+    int Text(const QString& text) const
+    {
+        const QByteArray utf8 = text.toUtf8();
+        return sqlite3_bind_text(statement, position, utf8.constData(), static_cast<int>(utf8.size()),
+                                 SQLITE_TRANSIENT);
+    }
+    int operator()(std::monostate) const { return sqlite3_bind_null(statement, position); }
+    int operator()(qint64 number) const { return sqlite3_bind_int64(statement, position, number); }
+    int operator()(double number) const { return sqlite3_bind_double(statement, position, number); }
+    int operator()(Currency money) const { return sqlite3_bind_double(statement, position, money.toDouble()); }
+    int operator()(const QString& text) const { return Text(text); }
+    int operator()(const QDate& day) const
+    {
+        return day.isValid() ? Text(DayText(day)) : sqlite3_bind_null(statement, position);
+    }
+    int operator()(const Moment& moment) const
+    {
+        return moment.day.isValid() ? Text(MomentText(moment)) : sqlite3_bind_null(statement, position);
+    }
+    int operator()(const QByteArray& bytes) const
+    {
+        return sqlite3_bind_blob64(statement, position, bytes.constData(), static_cast<sqlite3_uint64>(bytes.size()),
+                                   SQLITE_TRANSIENT);
+    }
+};
+
+void SqliteStore::Bind(sqlite3_stmt* statement, const std::vector<Value>& values) const
+{
+    int position = 0;
+    for (const Value& value : values)
+        if (std::visit(BindValue{statement, ++position}, value) != SQLITE_OK)
+            throw ErrorOf(m_database.get(), m_path);
+}
+
+Value ColumnValue(sqlite3_stmt* statement, int column)
+{
+    switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_INTEGER:
+        return static_cast<qint64>(sqlite3_column_int64(statement, column));
+    case SQLITE_FLOAT:
+        return sqlite3_column_double(statement, column);
+    case SQLITE_TEXT:
+        return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)),
+                                 sqlite3_column_bytes(statement, column));
+    case SQLITE_BLOB:
+        return QByteArray(static_cast<const char*>(sqlite3_column_blob(statement, column)),
+                          sqlite3_column_bytes(statement, column));
+    default:
+        return {};
+    }
+}
+
+std::vector<Recordset::Row> SqliteStore::Fetch(sqlite3_stmt* statement, int columns) const
+{
+    std::vector<Recordset::Row> rows;
+    int code = SQLITE_ROW;
+    while ((code = sqlite3_step(statement)) == SQLITE_ROW) {
+        Recordset::Row& row = rows.emplace_back();
+        row.reserve(static_cast<size_t>(columns));
+        for (int column = 0; column < columns; ++column)
+            row.push_back(ColumnValue(statement, column));
+    }
+    if (code != SQLITE_DONE)
+        throw ErrorOf(m_database.get(), m_path);
+    return rows;
+}
+
+/// Leaves a prepared statement ready for its next use, whatever became of this one.
+struct ResetAtEnd
+{
+    sqlite3_stmt* statement;
+    ~ResetAtEnd()
+    {
+        sqlite3_reset(statement);
+        sqlite3_clear_bindings(statement);
+    }
+};
+
+Recordset SqliteStore::Run(const Sql& sql)
+{
+    const Prepared& prepared = Prepare(sql.shape());
+    sqlite3_stmt* statement = prepared.statement.get();
+    const ResetAtEnd reset{statement};
+    Bind(statement, sql.values());
+    return {prepared.columns, Fetch(statement, static_cast<int>(prepared.columns->size()))};
+}
+} // namespace
+
+std::unique_ptr<Store> OpenSqliteFile(const QString& path)
+{
+    CheckFileHeader(path);
+    auto store = std::make_unique<SqliteStore>(path, OpenHandle(path, SQLITE_OPEN_READWRITE));
+    if (store->Run(Sql("select name from sqlite_master where type='table' and name='TabDotSet'")).isEmpty())
+        throw StoreError{SQLITE_NOTADB, "文件不是本系统的账套：" + path};
+    return store;
+}
+
+std::unique_ptr<Store> CreateSqliteFile(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        throw StoreError{SQLITE_CANTOPEN, "账套文件不能建立：" + path + "\r\n(" + file.errorString() + ")"};
+    file.close();
+    return std::make_unique<SqliteStore>(path, OpenHandle(path, SQLITE_OPEN_READWRITE));
+}
+
+void CopySqliteFile(const QString& source, const QString& target)
+{
+    CheckFileHeader(source);
+    const SqliteHandle from = OpenHandle(source, SQLITE_OPEN_READONLY);
+    sqlite3_busy_timeout(from.get(), 5000);
+    const SqliteHandle to = OpenHandle(target, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    sqlite3_backup* backup = sqlite3_backup_init(to.get(), "main", from.get(), "main");
+    if (!backup)
+        throw ErrorOf(to.get(), target);
+    sqlite3_backup_step(backup, -1);
+    if (sqlite3_backup_finish(backup) != SQLITE_OK)
+        throw ErrorOf(to.get(), target);
+}

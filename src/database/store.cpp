@@ -1,0 +1,24 @@
+#include "database/store.h"
+
+#include "database/sqlite_store.h"
+
+namespace {
+/// The file behind an office database's connection string: what stands between the source and the password.
+QString DataSource(const QString& connectionString)
+{
+    const QString opening = "Data Source = ";
+    const qsizetype from = connectionString.indexOf(opening) + opening.size();
+    const qsizetype to = connectionString.lastIndexOf(';', connectionString.lastIndexOf("Jet OLEDB:"));
+    return connectionString.mid(from, to - from).trimmed().replace('\\', '/');
+}
+} // namespace
+
+std::unique_ptr<Store> OpenStore(const QString& connectionString)
+{
+    constexpr int kUnspecified = -2147467259; // the number that office databases give where they have none
+    if (connectionString.startsWith("Provider = Microsoft.Jet.OLEDB"))
+        return OpenSqliteFile(DataSource(connectionString));
+    if (connectionString.startsWith("Driver="))
+        throw StoreError{kUnspecified, "本程序没有安装数据库服务器的连接部件！"};
+    throw StoreError{kUnspecified, "不能确定数据库的类型，连接失败！"};
+}

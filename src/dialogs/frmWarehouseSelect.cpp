@@ -1,0 +1,120 @@
+#include "dialogs/frmWarehouseSelect.h"
+
+#include <QAction>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+frmWarehouseSelect::frmWarehouseSelect(Program& program, const PickerTree& tree, const TreeLimit& limit,
+                                       const QString& field, QWidget* parent)
+    : QDialog(parent),
+      m_program(program),
+      m_tree(tree),
+      m_limit(limit),
+      m_nodes(tree.topTitle),
+      m_view(new QTreeView(this))
+{
+    setObjectName("frmWarehouseSelect");
+    setWindowTitle(tree.caption);
+    auto* const menus = new QMenuBar(this);
+    auto* const bar = new QToolBar(this);
+    bar->setObjectName("Toolbar1");
+    BuildCommands(*bar, *menus);
+    BuildTree();
+    auto* const layout = new QVBoxLayout(this);
+    layout->setMenuBar(menus);
+    layout->addWidget(bar);
+    if (!field.isEmpty())
+        layout->addWidget(new QLabel("选择：" + field));
+    layout->addWidget(m_view, 1);
+    layout->addWidget(new QLabel("提示：按上下方向键移动，按回车键或双击选取，按 Esc 键退出"));
+    resize(fontMetrics().averageCharWidth() * 70, fontMetrics().height() * 28);
+    Refresh();
+    m_view->setFocus();
+}
+
+std::optional<PickedRow> frmWarehouseSelect::Pick(Program& program, const QString& table, const TreeLimit& limit,
+                                                  const QString& field, QWidget* parent)
+{
+    const PickerTree* const tree = FindPickerTree(table);
+    if (!tree)
+        return std::nullopt;
+    frmWarehouseSelect window(program, *tree, limit, field, parent);
+    window.exec();
+    return window.picked();
+}
+
+void frmWarehouseSelect::BuildCommands(QToolBar& bar, QMenuBar& menus)
+{
+    bar.setToolButtonStyle(Qt::ToolButtonTextOnly);
+    QMenu* const file = menus.addMenu("文件(&F)");
+    const auto add = [&](const char* name, const QString& caption, const char* key, auto run) {
+        QAction* const action = file->addAction(caption + "(&" + key + ")");
+        action->setIconText(caption); // no key where a toolbar would not hear it
+        action->setObjectName(name);
+        connect(action, &QAction::triggered, this, run);
+        return action;
+    };
+    bar.addAction(add("ToolSelect", "选择", "S", [this] { Select(); }));
+    if (CanAddNode(m_tree, m_limit))
+        bar.addAction(add("ToolAdd", "新增", "A", [this] { AddNode(m_program, m_tree); }));
+    QAction* const refresh = add("ToolRefresh", "刷新", "R", [this] { Refresh(); });
+    refresh->setShortcut(Qt::Key_F5);
+    bar.addAction(refresh);
+    bar.addSeparator();
+    file->addSeparator();
+    add("FEixt", "退出", "X", [this] { reject(); });
+    QAction* const leave = bar.addAction("退出");
+    leave->setObjectName("ToolExit");
+    connect(leave, &QAction::triggered, this, &QDialog::reject);
+}
+
+void frmWarehouseSelect::BuildTree()
+{
+    m_view->setObjectName("TreeView");
+    m_view->setModel(&m_nodes);
+    m_view->setUniformRowHeights(true);
+    m_view->setStyleSheet("QTreeView::item { padding: 3px 0 }");
+    m_view->setExpandsOnDoubleClick(false);
+    m_view->header()->setStretchLastSection(true);
+    m_view->setColumnWidth(0, fontMetrics().averageCharWidth() * 46);
+    m_view->installEventFilter(this);
+    connect(m_view, &QTreeView::doubleClicked, this, [this] { Select(); });
+}
+
+/// Stays on the node that was chosen.
+void frmWarehouseSelect::Refresh()
+{
+    const QString node = m_nodes.CodeOf(m_view->currentIndex());
+    m_nodes.Show(OpenQuery(m_program, NodesOf(m_tree, m_limit)));
+    m_view->expandToDepth(1);
+    if (!node.isEmpty())
+        m_view->setCurrentIndex(m_nodes.Find(node));
+}
+
+void frmWarehouseSelect::Select()
+{
+    const QModelIndexList selected = m_view->selectionModel()->selectedRows();
+    std::optional<QString> code;
+    if (!selected.isEmpty())
+        code = m_nodes.CodeOf(selected.front());
+    m_picked = PickNode(m_program, m_tree, m_limit, code);
+    if (m_picked)
+        accept();
+}
+
+bool frmWarehouseSelect::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QDialog::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        return false;
+    Select();
+    return true;
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+// Font and colours of all windows: a Chinese font where the system's has none, and colours in which what is locked
+// can still be read.
+
+void SetAppearance();

@@ -1,0 +1,14 @@
+#pragma once
+
+// The message boxes of the running program, over the window that is in front.
+
+#include "base/prompt.h"
+
+class MessagePrompt : public Prompt
+{
+public:
+    void Inform(const QString& text) override;
+    void Warn(const QString& text) override;
+    bool Ask(const QString& text) override;
+    void Error(const QString& text) override;
+};

@@ -1,0 +1,98 @@
+#include "frame/start.h"
+
+#include "bills/frmWareManage.h"
+#include "data/bill_kinds.h"
+#include "data/decimals.h"
+#include "frame/frmMain.h"
+#include "frame/run_mode.h"
+
+namespace {
+
+/// The window of saved bills that a word opens; unset for a word that is no bill of this module.
+std::optional<FirstWindow> RecallOf(const QString& word)
+{
+    const BillKind* const kind = KindOfOperation(word);
+    if (!kind)
+        return std::nullopt;
+    return kind->lines == LineShape::Pieces ? FirstWindow::RecalledAssembly : FirstWindow::RecalledBill;
+}
+
+FirstWindow FirstWindowAlone(const RunParameters& parameters)
+{
+    const QString word = parameters.OperateType.trimmed();
+    if (word == "组装拆卸")
+        return FirstWindow::NewAssembly;
+    if (RecallOf(word) == FirstWindow::RecalledBill)
+        return FirstWindow::NewBill;
+    return RecallOf(parameters.OperationsDirective2.trimmed()).value_or(FirstWindow::None);
+}
+
+void ShowRecalledBill(Program& program, QStringView moduleRunMode)
+{
+    auto* const window = new frmWareManage(program);
+    window->FillBill(program.parameters.OperationsDirective3.trimmed(),
+                     program.parameters.OperationsDirective4.trimmed());
+    window->show();
+    if (moduleRunMode == kStandAloneMode)
+        window->frm_Initialize(true);
+}
+
+void ShowNewBill(Program& program)
+{
+    auto* const window = new frmWareManage(program);
+    window->show();
+    window->frm_Initialize(false);
+}
+
+void ShowMain(Program& program)
+{
+    auto* const window = new frmMain(program);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->show();
+}
+
+/// False when the user was told that there is nothing to open.
+bool ShowFirstWindow(Program& program, QStringView moduleRunMode)
+{
+    switch (FirstWindowOf(program.parameters, moduleRunMode)) {
+    case FirstWindow::RecalledBill:
+        ShowRecalledBill(program, moduleRunMode);
+        return true;
+    case FirstWindow::NewBill:
+        ShowNewBill(program);
+        return true;
+    case FirstWindow::RecalledAssembly: // the assembly window is not there yet
+    case FirstWindow::NewAssembly:
+    case FirstWindow::MainWindow:
+        ShowMain(program);
+        return true;
+    case FirstWindow::None:
+        break;
+    }
+    program.prompt.Warn("读取系统运行参数失败，本模块运行自动终止，请重新操作！");
+    return false;
+}
+
+} // namespace
+
+FirstWindow FirstWindowOf(const RunParameters& parameters, QStringView moduleRunMode)
+{
+    if (moduleRunMode == kStandAloneMode)
+        return FirstWindowAlone(parameters);
+    return RecallOf(parameters.OperationsDirective2.trimmed()).value_or(FirstWindow::MainWindow);
+}
+
+std::unique_ptr<Program> Main(const QString& folder, Prompt& prompt, Clock& clock, QStringView moduleRunMode)
+{
+    const auto parameters = ReadRunParameters(folder, clock.Now().day);
+    if (!parameters) {
+        prompt.Warn("读取系统参数失败，本模块启动终止！请重新操作！");
+        return nullptr;
+    }
+    auto program = std::make_unique<Program>(folder, *parameters, prompt, clock);
+    LoadDecimalPlaces(*program);
+    if (!ShowFirstWindow(*program, moduleRunMode))
+        return nullptr;
+    program->parameters.IsAccess = program->parameters.DatabaseType == "Access";
+    return program;
+}

@@ -1,0 +1,111 @@
+#include "handover/open_query.h"
+
+#include <utility>
+
+namespace {
+
+QString ErrorText(const StoreError& error)
+{
+    return "Error:" + QString::number(error.number) + "\r\n" + error.description;
+}
+
+void ReportError(Program& program, const StoreError& error)
+{
+    if (program.unitOpen)
+        program.heldErrors += ErrorText(error);
+    else
+        program.prompt.Error(ErrorText(error));
+}
+
+/// The open store; opens it where it is closed.
+Store& OpenedStore(Program& program)
+{
+    if (program.gConnection.State() != 1)
+        program.gConnection.Open(BuildConnectionString(program));
+    return program.gConnection.store();
+}
+
+bool StoreHoldsUnit(Program& program)
+{
+    return program.gConnection.State() == 1 && program.gConnection.store().inUnit();
+}
+
+/// Closing takes back what a store no longer can.
+void RollBack(Program& program)
+{
+    if (!StoreHoldsUnit(program))
+        return;
+    try {
+        program.gConnection.store().RollbackUnit();
+    } catch (const StoreError& error) {
+        ReportError(program, error);
+        program.gConnection.Close();
+    }
+}
+
+bool CommitUnit(Program& program)
+{
+    if (!StoreHoldsUnit(program))
+        return false;
+    try {
+        program.gConnection.store().CommitUnit();
+        return true;
+    } catch (const StoreError& error) {
+        ReportError(program, error);
+        RollBack(program);
+        return false;
+    }
+}
+
+} // namespace
+
+Recordset OpenQuery(Program& program, const Sql& sql)
+{
+    // What the database has taken back as a whole must not be followed by rows that stay.
+    if (program.unitOpen && !StoreHoldsUnit(program))
+        return Recordset();
+    try {
+        return OpenedStore(program).Run(sql);
+    } catch (const StoreError& error) {
+        ReportError(program, error);
+        return Recordset();
+    }
+}
+
+SaveUnit::SaveUnit(Program& program) : m_program(program)
+{
+    Q_ASSERT(!program.unitOpen);
+    try {
+        OpenedStore(program).BeginUnit();
+        m_open = true;
+        program.unitOpen = true;
+    } catch (const StoreError& error) {
+        ReportError(program, error);
+    }
+}
+
+SaveUnit::~SaveUnit()
+{
+    if (!m_open)
+        return;
+    RollBack(m_program);
+    EndUnit();
+}
+
+bool SaveUnit::Commit()
+{
+    if (!m_open)
+        return false;
+    const bool stored = CommitUnit(m_program);
+    EndUnit();
+    return stored;
+}
+
+void SaveUnit::EndUnit()
+{
+    m_open = false;
+    m_program.unitOpen = false;
+    const QStringList errors = std::exchange(m_program.heldErrors, {});
+    for (const QString& error : errors)
+        m_program.prompt.Error(error);
+}

@@ -1,0 +1,54 @@
+#include "handover/program.h"
+
+#include <utility>
+
+namespace {
+
+/// The one password that all account-set files are protected by.
+constexpr const char* kFilePassword = "wkvtmq#482.zzz";
+constexpr const char* kDefaultPort = "1433";
+
+QString ServerConnection(const RunParameters& parameters)
+{
+    const QString port = parameters.ConPortNum.trimmed();
+    return "Driver={SQL Server};Server=" + parameters.ConServerIP + "," + (port.isEmpty() ? kDefaultPort : port) +
+           ";DataBase=" + parameters.ConDataName + ";UID=" + parameters.ConDataBaseUID +
+           ";PWD=" + parameters.ConDataBasePWD + "; ";
+}
+
+QString FileConnection(const QString& dataFolder, const QString& fileName, const QString& beforePassword)
+{
+    return "Provider = Microsoft.Jet.OLEDB.4.0;Data Source = " + dataFolder + fileName + beforePassword +
+           "Jet OLEDB:Database Password='" + kFilePassword + "'";
+}
+
+} // namespace
+
+Program::Program(QString programFolder, RunParameters handedOver, Prompt& boxes, Clock& time, StoreOpener opener)
+    : folder(std::move(programFolder)),
+      parameters(std::move(handedOver)),
+      gConnection(std::move(opener)),
+      prompt(boxes),
+      clock(time)
+{}
+
+QString BuildConnectionString(Program& program)
+{
+    const RunParameters& parameters = program.parameters;
+    const bool onServer = parameters.DatabaseType == u"SQL";
+    const QString unknownAccountSet = "不能确定当前操作账套，请重新登陆系统！";
+    if (parameters.ConDataName.isEmpty())
+        program.prompt.Warn(unknownAccountSet);
+    if (onServer && (parameters.ConDataBaseUID.isEmpty() || parameters.ConServerIP.isEmpty()))
+        program.prompt.Warn(unknownAccountSet);
+
+    if (onServer)
+        return ServerConnection(parameters);
+    if (parameters.DatabaseType == u"Access")
+        return FileConnection(program.folder + "\\Data\\", parameters.ConDataName, ";");
+    if (parameters.DatabaseType == u"Access2") {
+        const QString dataFolder = program.folder + (program.folder.endsWith(u'\\') ? "Data\\" : "\\Data\\");
+        return FileConnection(dataFolder, parameters.ConDataName, ";  ");
+    }
+    return QString();
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+// What the whole program shares: made once by Main, passed by reference.
+
+#include "base/clock.h"
+#include "base/prompt.h"
+#include "database/connection.h"
+#include "handover/run_parameters.h"
+
+/// Places codes of the account set: 0 or more that many places with grouping, -1 the default places with grouping,
+/// -2 plain decimal text, -3 the default places without grouping.
+struct DotType
+{
+    qint16 Price_DotLen = -3;
+    qint16 Amount_DotLen = -3;
+    qint16 Money_DotLen = -3;
+};
+
+struct Program
+{
+    Program(QString folder, RunParameters parameters, Prompt& prompt, Clock& clock, StoreOpener opener = OpenStore);
+
+    QString folder; // of the executable
+    RunParameters parameters;
+    Connection gConnection;
+    DotType gDot;
+    Prompt& prompt;
+    Clock& clock;
+    /// A SaveUnit is open, whatever the store has made of its unit meanwhile.
+    bool unitOpen = false;
+    /// Error boxes raised while a unit is open; they are shown when it ends.
+    QStringList heldErrors;
+};
+
+/// The connection string of the account set. Says so where the hand-over names none, and goes on regardless.
+QString BuildConnectionString(Program& program);

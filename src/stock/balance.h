@@ -1,0 +1,35 @@
+#pragma once
+
+// Stock on hand, computed on demand from one opening point and every bill line after it.
+
+#include "data/dimensions.h"
+#include "handover/program.h"
+
+struct StockQuestion
+{
+    QString warehouse{}; // code of one warehouse, empty for all
+    QString wareCode{};
+    Moment asOf{};            // lines up to and including this day, or this moment with includeTime
+    bool includeTime = false; // only ComputeStockBalance looks at it
+    Dimensions dimensions{};
+    bool attributeExact = false; // false: child attributes count as well
+    QString moneyName{};         // a currency, kAllCurrencies or empty
+    bool auditedOnly = false;    // only audited bills count
+};
+
+/// What the engine answers. Amounts are in base units, money in the asked currency, all rounded to the account set's
+/// places.
+struct TogatherData
+{
+    double UnitCost = 0;      // money by amount, 0 where the amount is 0
+    double ShownAmount = 0;   // GetStockBalance
+    Currency ShownMoney;      // GetStockBalance
+    double StockAmount = 0;   // ComputeStockBalance
+    Currency StockMoney;      // ComputeStockBalance
+    double LastStockCost = 0; // StockMoney before it became money
+};
+
+/// Stock of one good up to and including a day.
+TogatherData GetStockBalance(Program& program, const StockQuestion& question);
+/// Its worker, which the moving average asks for the evening before.
+TogatherData ComputeStockBalance(Program& program, const StockQuestion& question);

@@ -1,0 +1,169 @@
+#include "stock/movements.h"
+
+#include "handover/open_query.h"
+#include "stock/statement.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace {
+
+enum class Moves
+{
+    In,
+    Out,
+    ValueOnly,
+};
+
+/// One source. The line is the head itself where the finished good stands in the head.
+struct Movement
+{
+    const char* tables;    // in the order of the statement
+    const char* head;      // names the warehouse
+    const char* line;      // names the good, its amount and money, day and dimensions
+    Moves moves;           // ValueOnly: money without an amount
+    const char* money;     // column of the line's money; null where money is the amount at a unit cost
+    const char* unitCost;  // column of the line's unit cost, likewise
+    const char* warehouse; // column of the head
+    const char* state;     // table whose row must be in force
+    bool dayInflow;
+};
+
+using enum Moves;
+constexpr const char* kNone = nullptr;
+
+// clang-format off
+constexpr Movement kMovements[] = {
+    {"TabInBill,TabInBillInf,TabWare,TabWarehouseType", "TabInBill", "TabInBillInf",
+     In, "Moneyy_Discount", kNone, "WarehouseCode", "TabInBill", true},
+    {"TabInCancleBillInf,TabInCancleBill,TabWare,TabWarehouseType", "TabInCancleBill", "TabInCancleBillInf",
+     Out, "Moneyy_Discount", kNone, "WarehouseCode", "TabInCancleBill", true},
+    {"TabElseInBill,TabElseInBillInf,TabWare,TabWarehouseType", "TabElseInBill", "TabElseInBillInf",
+     In, "Moneyy_Discount", kNone, "WarehouseCode", "TabElseInBill", true},
+    {"TabOutBill,TabOutBillInf,TabWare,TabWarehouseType", "TabOutBill", "TabOutBillInf",
+     Out, kNone, "Cost", "WarehouseCode", "TabOutBill", false},
+    {"TabOutCancleBill,TabOutCancleBillInf,TabWare,TabWarehouseType", "TabOutCancleBill", "TabOutCancleBillInf",
+     In, kNone, "Cost", "WarehouseCode", "TabOutCancleBill", false},
+    {"TabElseOutBill,TabElseOutBillInf,TabWare,TabWarehouseType", "TabElseOutBill", "TabElseOutBillInf",
+     Out, kNone, "Cost", "WarehouseCode", "TabElseOutBill", false},
+    {"TabSamePriceMove,TabSamePriceMoveInf,TabWare,TabWarehouseType", "TabSamePriceMove", "TabSamePriceMoveInf",
+     Out, kNone, "AveragePrice", "WarehouseCodeF", "TabSamePriceMoveInf", false},
+    {"TabSamePriceMove,TabSamePriceMoveInf,TabWare,TabWarehouseType", "TabSamePriceMove", "TabSamePriceMoveInf",
+     In, kNone, "AveragePrice", "WarehouseCodeS", "TabSamePriceMoveInf", false},
+    {"TabChangePrice,TabChangePriceInf,TabWare,TabWarehouseType", "TabChangePrice", "TabChangePriceInf",
+     ValueOnly, "MoneyBanlance", kNone, "WarehouseCode", "TabChangePriceInf", true},
+    {"TabCheckLose,TabCheckLoseInf,TabWare,TabWarehouseType", "TabCheckLose", "TabCheckLoseInf",
+     Out, kNone, "AveragePrice", "WarehouseCode", "TabCheckLoseInf", false},
+    {"TabCheckOver,TabCheckOverInf,TabWare,TabWarehouseType", "TabCheckOver", "TabCheckOverInf",
+     In, kNone, "AveragePrice", "WarehouseCode", "TabCheckOverInf", false},
+    {"TabWareGroup,TabWareGroupInf,TabWare,TabWarehouseType", "TabWareGroup", "TabWareGroupInf",
+     Out, "Moneyy", kNone, "WarehouseCodeF", "TabWareGroupInf", false},
+    {"TabWareGroup,TabWare,TabWarehouseType", "TabWareGroup", "TabWareGroup",
+     In, "SumMoney", kNone, "WarehouseCodeS", "TabWareGroup", true},
+    {"TabWarePiece,TabWarePieceInf,TabWare,TabWarehouseType", "TabWarePiece", "TabWarePieceInf",
+     In, "Moneyy", kNone, "WarehouseCodeS", "TabWarePieceInf", true},
+    {"TabWarePiece,TabWare,TabWarehouseType", "TabWarePiece", "TabWarePiece",
+     Out, "SumMoney", kNone, "WarehouseCodeF", "TabWarePiece", false},
+};
+// clang-format on
+
+void AppendRate(Sql& sql, const char* table, const QString& moneyName)
+{
+    if (moneyName.trimmed() != kAllCurrencies)
+        return;
+    Append(sql, "*", table, ".MoneyRate");
+}
+
+void AppendSums(Sql& sql, const Movement& movement, const QString& moneyName)
+{
+    const char* const sign = movement.moves == Out ? "-" : "";
+    if (movement.moves == ValueOnly)
+        sql += "0 as Amount , ";
+    else
+        Append(sql, "sum(", sign, movement.line, ".UnionAmount) as Amount , ");
+    if (movement.money) {
+        AppendMoneySum(sql, sign, movement.line, movement.money, moneyName);
+    } else {
+        Append(sql, "sum(", sign, movement.line, ".UnionAmount*", movement.line, ".", movement.unitCost);
+        AppendRate(sql, movement.line, moneyName);
+        sql += ")";
+    }
+    sql += " as Cost ";
+}
+
+void AppendDayLimits(Sql& sql, const char* table, std::span<const DayLimit> days)
+{
+    const char* joint = "    ";
+    for (const DayLimit& day : days) {
+        Append(sql, joint, table, ".Datee", day.comparison, day.limit);
+        joint = " and ";
+    }
+}
+
+/// The warehouse that the head names, the head of the line, and the row that must be in force.
+void AppendLinks(Sql& sql, const Movement& movement)
+{
+    Append(sql, "  and  ", movement.line, ".WareCode=TabWare.Code  and TabWarehouseType.Code=", movement.head, ".",
+           movement.warehouse);
+    if (std::string_view(movement.head) != movement.line)
+        Append(sql, "  and ", movement.head, ".Code=", movement.line, ".BillCode ");
+    Append(sql, "  and ", movement.state, ".State='正常' ");
+}
+
+void AppendMovement(Sql& sql, const Movement& movement, const StockQuestion& question, const Sql& wareCondition,
+                    std::span<const DayLimit> days, bool byKindOfEntry)
+{
+    sql += "select ";
+    AppendSums(sql, movement, question.moneyName);
+    Append(sql, " from ", movement.tables);
+    if (byKindOfEntry)
+        sql += ",TabOutInType";
+    Append(sql, "   where ", movement.line, ".WareCode<>''   and  ");
+    AppendDayLimits(sql, movement.line, days);
+    sql += wareCondition;
+    AppendLinks(sql, movement);
+    if (byKindOfEntry)
+        sql += " and TabOutInType.CalCostYN='是'  and TabOutInType.Name=TabElseInBill.InType ";
+    sql += DimensionCondition(question, movement.line);
+}
+
+} // namespace
+
+StockSum SumMovements(Program& program, const StockQuestion& question, MovementSet set, std::span<const DayLimit> days)
+{
+    const Sql wareCondition = WareCondition(question);
+    Sql sql("select sum(tmpTab.Amount) as Amount , sum(tmpTab.Cost) as Cost   from ( ");
+    const bool onlyInflow = set == MovementSet::DayInflow;
+    std::vector<Movement> sources;
+    std::ranges::copy_if(kMovements, std::back_inserter(sources),
+                         [=](const Movement& movement) { return movement.dayInflow || !onlyInflow; });
+    AppendUnion(sql, sources, [&](const Movement& movement) {
+        // Of the other entries only the kinds that take part in costing are an inflow of value.
+        const bool byKindOfEntry = onlyInflow && std::string_view(movement.head) == "TabElseInBill";
+        AppendMovement(sql, movement, question, wareCondition, days, byKindOfEntry);
+    });
+    sql += " ) tmpTab";
+    const Recordset sum = OpenQuery(program, sql);
+    return {sum.Number("Amount"), sum.Money("Cost")};
+}
+
+Sql WareCondition(const StockQuestion& question)
+{
+    const Sql ware = Sql(" and TabWare.Code=") + question.wareCode.trimmed();
+    if (question.warehouse.isEmpty())
+        return ware + " ";
+    return ware + "  and  TabWarehouseType.Code=" + question.warehouse + " ";
+}
+
+Sql DimensionCondition(const StockQuestion& question, const char* table)
+{
+    return BuildDimensionFilter(table, question.dimensions, !question.attributeExact, question.auditedOnly,
+                                question.moneyName);
+}
+
+void AppendMoneySum(Sql& sql, const char* sign, const char* table, const char* column, const QString& moneyName)
+{
+    Append(sql, "sum(", sign, table, ".", column);
+    AppendRate(sql, table, moneyName);
+    sql += ")";
+}

@@ -1,0 +1,93 @@
+#include "books.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A copy of the demonstration account set that bills are posted into.
+struct PostTest : testing::Test
+{
+    PostTest() { EXPECT_TRUE(QFile::copy(DemoFile(), file)); }
+
+    Outcome Post(const QByteArray& bill)
+    {
+        QFile json(folder.filePath("bill.json"));
+        EXPECT_TRUE(json.open(QIODevice::WriteOnly));
+        json.write(bill);
+        json.close();
+        const Outcome outcome = RunAcctset({"post", file, json.fileName()});
+        answer = QJsonDocument::fromJson(outcome.out.toUtf8()).object();
+        return outcome;
+    }
+
+    QStringList Boxes() const
+    {
+        QStringList texts;
+        for (const QJsonValue box : answer["boxes"].toArray())
+            texts << box["text"].toString();
+        return texts;
+    }
+
+    QTemporaryDir folder;
+    QString file = folder.filePath("set.db");
+    QJsonObject answer;
+};
+
+TEST_F(PostTest, ABillIsSavedShownAndRewritten)
+{
+    const QByteArray head = R"("bill":"盘点报溢单","date":"2023-12-31","fields":{"TxtWarehouseNameS":"主仓"})";
+    Outcome outcome = Post("{" + head + R"(,"lines":[{"商品编号":"010101001","数量":"5","单位":"支"}]})");
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.error.toStdString();
+    EXPECT_TRUE(answer["saved"].toBool());
+    EXPECT_EQ(Boxes(), QStringList("保存成功！"));
+    const QString code = answer["code"].toString();
+
+    outcome = RunAcctset({"show", file, "盘点报溢单", code});
+    EXPECT_TRUE(outcome.out.startsWith("{\"head\":{\"Code\":\"" + code + "\",\"Datee\":\"2023-12-31\",\"Operator\":"));
+    const QJsonObject line = QJsonDocument::fromJson(outcome.out.toUtf8())["lines"][0].toObject();
+    EXPECT_EQ(line["Amount"], 5);
+    EXPECT_EQ(line["Unite"], "支");
+
+    const QByteArray again = R"({"bill":"盘点报溢单","code":")" + code.toUtf8() + R"(","lines":[])";
+    EXPECT_EQ(Post(again + "}").exitCode, 1);
+    EXPECT_EQ(Boxes().value(1), "修改单据失败！");
+    EXPECT_EQ(Post(again + R"(,"answers":["是"]})").exitCode, 0);
+    outcome = RunAcctset({"show", file, "盘点报溢单", code});
+    EXPECT_TRUE(outcome.out.trimmed().endsWith("\"lines\":[]}"));
+    EXPECT_EQ(RunAcctset({"show", file, "盘点报溢单", "none"}).exitCode, 1);
+}
+
+TEST_F(PostTest, RefusalsExitWithOneAndWrongUseWithTwo)
+{
+    const struct
+    {
+        const char* bill;
+        int exitCode;
+        const char* box;
+    } cases[] = {
+        {R"({"bill":"盘点报溢单","date":"2023-05-01"})", 1, "今天已结转，禁止当前操作！"},
+        {R"({"bill":"盘点报溢单","date":"2023-12-31"})", 1, "报溢仓库不能为空！"},
+        {R"({"bill":"盘点报溢单","code":"none"})", 1, "没有原单！"},
+        {R"({"bill":"盘点报溢单","operator":"无名"})", 1, "没有操作权限！"},
+        {R"({"bill":"盘点报溢单","fields":{"TxtNone":""}})", 2, ""},
+        {R"({"bill":"盘点报溢单","fields":{"TxtBillCode":""}})", 2, ""},
+        {R"({"bill":"盘点报溢单","lines":[{"单价":1}]})", 2, ""},
+        {R"({"bill":"盘点报溢单","lines":{}})", 2, ""},
+        {R"({"bill":"盘点报溢单","answers":["yes"]})", 2, ""},
+        {R"({"bill":"盘点报溢单","date":"2023-02-30"})", 2, ""},
+        {R"({"bill":"商品组装单"})", 2, ""},
+        {R"({"bill":)", 2, ""},
+    };
+    for (const auto& c : cases) {
+        const Outcome outcome = Post(c.bill);
+        EXPECT_EQ(outcome.exitCode, c.exitCode) << c.bill;
+        EXPECT_EQ(Boxes().value(0), c.box) << c.bill;
+        EXPECT_EQ(outcome.error.isEmpty(), c.exitCode == 1) << outcome.error.toStdString();
+    }
+}
+
+} // namespace

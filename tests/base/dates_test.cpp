@@ -1,0 +1,76 @@
+#include "base/dates.h"
+#include "printing.h"
+
+#include <gtest/gtest.h>
+
+TEST(Dates, ReadsDaysInTheFormsInUse)
+{
+    for (const QString text : {"2023-2-8", "2023-02-08", "2023/2/08", "2023.2.8", "2023年2月8日", "2023年02月8",
+                               " 2023-2-8 ", "2023-2-8 9:05", "2023-02-08T23:59:59.999", "2023年2月8日 0:00"})
+        EXPECT_EQ(ParseDay(text), QDate(2023, 2, 8)) << text.toStdString();
+    EXPECT_EQ(ParseDay(u"2024-2-29"), QDate(2024, 2, 29));
+}
+
+TEST(Dates, RefusesWhatIsNoDay)
+{
+    for (const QString text : {"",
+                               "x",
+                               "2023",
+                               "2023-2",
+                               "2023-2-",
+                               "2023-02-30",
+                               "2023-13-01",
+                               "2023-0-1",
+                               "23-2-8",
+                               "2023-2/8",
+                               "2023-2-8x",
+                               "2023-2-8-",
+                               "2023-02-081",
+                               "2023-2-8 x",
+                               "2023-2-8 24:00",
+                               "2023-2-8 9",
+                               "2023-2-8 9:60",
+                               "2023-2-8 9:05:",
+                               "2023-2-8 9:05:12.",
+                               "2023-2-8 9:05x",
+                               "8-2-2023",
+                               "2023年2-8",
+                               "２０２３-2-8",
+                               "-2023-2-8"})
+        EXPECT_FALSE(ParseDay(text)) << text.toStdString();
+}
+
+TEST(Dates, MomentsKeepTheirMilliseconds)
+{
+    const QDate day(2023, 2, 8);
+    const int time = ((9 * 60 + 5) * 60 + 12) * 1000;
+    const struct
+    {
+        QString text;
+        int millisecondOfDay;
+        QString canonical;
+    } cases[] = {
+        {"2023-2-8", 0, "2023-02-08"},
+        {"2023-2-8 0:00:00", 0, "2023-02-08"},
+        {"2023-2-8 9:05", time - 12000, "2023-02-08 09:05:00"},
+        {"2023-2-8 9:5:12", time, "2023-02-08 09:05:12"},
+        {"2023-02-08 09:05:12.004", time + 4, "2023-02-08 09:05:12.004"},
+        {"2023-02-08 09:05:12.5", time + 500, "2023-02-08 09:05:12.500"},
+        {"2023-02-08 09:05:12.0049999", time + 4, "2023-02-08 09:05:12.004"},
+        {"2023-02-08 23:59:59.999", kMillisecondsPerDay - 1, "2023-02-08 23:59:59.999"},
+    };
+    for (const auto& c : cases) {
+        const auto moment = ParseMoment(c.text);
+        ASSERT_TRUE(moment) << c.text.toStdString();
+        EXPECT_EQ(*moment, (Moment{day, c.millisecondOfDay})) << c.text.toStdString();
+        EXPECT_EQ(MomentText(*moment), c.canonical);
+    }
+}
+
+TEST(Dates, AnInvalidDayHasNoText)
+{
+    EXPECT_EQ(DayText(QDate()), QString());
+    EXPECT_EQ(DayText(QDate(12023, 1, 1)), QString());
+    EXPECT_EQ(MomentText({QDate(), 5}), QString());
+    EXPECT_EQ(DayText(kNoDate), QString("1900-01-01"));
+}

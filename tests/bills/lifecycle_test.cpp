@@ -1,0 +1,251 @@
+#include "bills/audit.h"
+#include "bills/recall.h"
+#include "screen.h"
+
+namespace {
+
+struct LifecycleTest : BillScreen
+{
+    /// The keys that are enabled.
+    QString Keys() const
+    {
+        const std::pair<Command, const char*> names[] = {
+            {Command::Save, "保存"},      {Command::Audit, "审核"},     {Command::UnAudit, "反审核"},
+            {Command::Delete, "删除"},    {Command::Void, "作废"},      {Command::Print, "打印"},
+            {Command::InsertRow, "插入"}, {Command::DeleteRow, "删行"},
+        };
+        QStringList keys;
+        for (const auto& [command, name] : names)
+            if (bill.isEnabled(command))
+                keys << name;
+        return keys.join(' ');
+    }
+
+    /// A saved bill, recalled.
+    void SaveAndRecall()
+    {
+        Save();
+        FillBill(test.program, bill, bill.kind->headTable, posting.code);
+    }
+};
+
+const QString kAllKeys = "保存 审核 反审核 删除 作废 打印 插入 删行";
+
+TEST_F(LifecycleTest, AStateLocksWhatItForbids)
+{
+    Open("同价调拨");
+    EXPECT_EQ(Keys(), "保存 审核 反审核 删除 作废 插入 删行");
+    AddLine("A001", {});
+    AuditBill(test.program, bill);
+    UnAuditBill(test.program, bill);
+    VoidBill(test.program, bill);
+    FDelete(test.program, bill);
+    EXPECT_EQ(test.prompt.TakeTexts(),
+              QStringList({"请先保存单据后再审核！", "未审核单据，禁止反审核！", "本单据开单日期不详，系统禁止作废！",
+                           "单据编号不存在，禁止当前操作！"}));
+    SaveAndRecall();
+    EXPECT_EQ(Keys(), kAllKeys);
+
+    AuditBill(test.program, bill);
+    EXPECT_EQ(Keys(), "反审核 打印");
+    EXPECT_FALSE(bill.entryEnabled);
+    UnAuditBill(test.program, bill);
+    EXPECT_EQ(Keys(), kAllKeys);
+    EXPECT_EQ(Rows("select Auditing from TabSamePriceMoveInf"), QStringList(""));
+
+    test.prompt.answers = {true};
+    AuditBill(test.program, bill);
+    VoidBill(test.program, bill);
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList({"确定作废该单据吗？", "作废成功！"}));
+    EXPECT_EQ(Keys(), "删除 打印");
+    EXPECT_EQ(bill.LabState, "作废");
+    EXPECT_EQ(Rows("select TabSamePriceMove.State,TabSamePriceMoveInf.State from TabSamePriceMove,TabSamePriceMoveInf"),
+              QStringList("作废|作废"));
+
+    test.Insert("TabTurn", {{"Datee", QDate(2023, 2, 8)}});
+    FillBill(test.program, bill, "TabSamePriceMove", posting.code);
+    EXPECT_EQ(Keys(), "打印");
+    FDelete(test.program, bill);
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("今天已结转，禁止当前操作！"));
+}
+
+TEST_F(LifecycleTest, VoidingRespectsClosingsAndVouchers)
+{
+    Open("盘点报损");
+    AddLine("A001", {});
+    SaveAndRecall();
+    test.prompt.TakeTexts();
+    test.Insert("TabTurn", {{"Datee", QDate(2023, 2, 8)}});
+    VoidBill(test.program, bill);
+    EXPECT_EQ(test.prompt.TakeTexts(),
+              QStringList("最后一次结转日期为2023-02-08，本单据开单位于最后一结转日期之前，系统禁止作废！"));
+    test.Run(Sql("delete from TabTurn"));
+
+    test.Insert("TabWarrant", {{"Code", "PZD1"}, {"JXCBillCode", posting.code}, {"State", "已登账"}});
+    test.Insert("TabWarrantInf", {{"BillCode", "PZD1"}});
+    VoidBill(test.program, bill);
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("该张单据已经登账，禁止作废！"));
+    test.Run(Sql("update TabWarrant set State='未审核'"));
+    VoidBill(test.program, bill);
+    EXPECT_EQ(Rows("select Code from TabWarrant").size(), 1) << "the question was answered with no";
+    // Another user has deleted the bill: its voucher goes all the same.
+    test.Run(Sql("delete from TabCheckLose"));
+    test.prompt.answers = {true};
+    test.prompt.TakeTexts();
+    VoidBill(test.program, bill);
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList({"确定作废该单据吗？", "单编号不存在，作废失败！"}));
+    EXPECT_EQ(Rows("select Code from TabWarrant union select BillCode from TabWarrantInf"), QStringList());
+}
+
+TEST_F(LifecycleTest, DeletingRemovesEverythingButTheLinesOfASetPriceTransfer)
+{
+    for (const char* operation : {"盘点报溢", "异价调拨"}) {
+        SCOPED_TRACE(operation);
+        Open(operation);
+        AddLine("A001", {});
+        SaveAndRecall();
+        const QString code = posting.code;
+        test.Insert("TabWarrant", {{"Code", "PZD1"}, {"JXCBillCode", code}, {"State", "已登账"}});
+        test.Insert("TabWarehouseAmountChange", {{"BillCode", code}});
+        test.Insert("TabImg", {{"BillCode", code}, {"Type", bill.kind->bill + "图片"}});
+        test.prompt.TakeTexts();
+        FDelete(test.program, bill);
+        test.prompt.answers = {true};
+        FDelete(test.program, bill);
+        const bool isPriced = bill.kind->lines == LineShape::Priced;
+        const QStringList boxes = test.prompt.TakeTexts();
+        EXPECT_EQ(boxes.size(), isPriced ? 4 : 3);
+        EXPECT_EQ(boxes[0], "删除当前单据吗？");
+        EXPECT_EQ(boxes[2].startsWith("Error:"), isPriced);
+        EXPECT_EQ(boxes.last(), "单据已删除！");
+        const QByteArray head = bill.kind->headTable;
+        EXPECT_EQ(Rows("select Code from " + head +
+                       " union all select Code from TabWarrant union all select BillCode "
+                       "from TabWarehouseAmountChange union all select BillCode from TabImg"),
+                  QStringList());
+        EXPECT_EQ(Rows("select WareCode from " + head + "Inf").size(), isPriced ? 1 : 0);
+
+        EXPECT_TRUE(bill.BillSavedFlag);
+        bill.TxtWarehouseNameF = "主仓";
+        bill.TxtWarehouseNameS = "分仓";
+        EXPECT_EQ(Save(), QStringList("单据编号不能为空！"));
+    }
+}
+
+TEST_F(LifecycleTest, NavigationWrapsAroundTheMonth)
+{
+    Open("盘点报溢");
+    EXPECT_EQ(bill.LabWarehouseNameS, "报溢仓库");
+    PreviousBill(test.program, bill);
+    EXPECT_FALSE(bill.BillSavedFlag) << "a month without bills";
+    for (const int day : {8, 3, 28}) {
+        NewBill(test.program, bill);
+        bill.DTPDate = QDate(2023, 2, day);
+        bill.TxtWarehouseNameS = "分仓";
+        bill.TxtMemo = QString::number(day);
+        AddLine("A001", {});
+        Save();
+    }
+    const auto after = [this](void (*move)(Program&, BillText&)) {
+        move(test.program, bill);
+        return bill.TxtMemo;
+    };
+    EXPECT_EQ(after(PreviousBill), "28");
+    EXPECT_EQ(after(PreviousBill), "8");
+    EXPECT_EQ(after(NextBill), "28");
+    EXPECT_EQ(after(NextBill), "3");
+    EXPECT_EQ(bill.LabWarehouseNameS, "盘点仓库");
+    NewBill(test.program, bill);
+    EXPECT_EQ(bill.LabWarehouseNameS, "盘点仓库");
+    EXPECT_EQ(bill.DTPDate, QDate(2023, 2, 3));
+
+    bill.DTPDate = QDate(2023, 3, 1);
+    bill.TxtWarehouseNameS = "分仓";
+    AddLine("A001", {});
+    Save();
+    EXPECT_EQ(bill.navigation.size(), 1);
+}
+
+TEST_F(LifecycleTest, ARecalledBillSavedAgainKeepsEverything)
+{
+    for (const char* operation : {"同价调拨", "异价调拨", "商品调价", "盘点报损", "盘点报溢"}) {
+        SCOPED_TRACE(operation);
+        Open(operation);
+        bill.TxtMemo = "O'Neil \"1\"";
+        bill.TxtExplain = "%_?";
+        bill.TxtSaleMan = "老王";
+        bill.TxtMoneyRate = "6.5";
+        AddLine("A001", {{"规格", "M8"},
+                         {"单位", "个"},
+                         {"属性", "0102>颜色>红"},
+                         {"生产厂商", "厂"},
+                         {"品牌", "牌"},
+                         {"批号", "P"},
+                         {"生产日期", "2023/1/5"},
+                         {"有效日期", "2024-01-05"},
+                         {"自定义字段1", "1"},
+                         {"自定义字段2", "2"},
+                         {"自定义字段3", "3"},
+                         {"备注", "注"}});
+        if (bill.kind->lines == LineShape::Revalued)
+            Type(1, "调价金额", "12.34");
+        else
+            Type(1, "数量", "1,234.56");
+        if (bill.kind->lines == LineShape::Priced)
+            Type(1, "单价", "7.89");
+        AddLine("B001", {});
+        SaveAndRecall();
+        // The total may follow the cost of the line's dimensions, which the grid shows only now.
+        const QByteArray table = bill.kind->headTable;
+        const QByteArray head = "select Code,Datee,Operator,Remark,Explain,BillType,State,Report,DateTimee,SaleMan,"
+                                "MoneyName,MoneyRate,Auditing from " +
+                                table;
+        const QStringList rows = Rows(head) + Rows("select * from " + table + "Inf");
+        const BillText recalled = bill;
+        EXPECT_EQ(recalled.TxtMemo, "O'Neil \"1\"");
+        EXPECT_EQ(Cell(1, "属性"), "0102>颜色>红");
+        EXPECT_EQ(Cell(1, "单位"), "个");
+
+        test.prompt.answers = {true};
+        Save();
+        EXPECT_TRUE(posting.stored);
+        EXPECT_EQ(Rows(head) + Rows("select * from " + table + "Inf"), rows);
+        EXPECT_EQ(bill.LabTotalMoney, recalled.LabTotalMoney);
+    }
+}
+
+TEST_F(LifecycleTest, WhatCannotBeRecalledIsSaid)
+{
+    Open("同价调拨");
+    bill.TxtMemo = "旧";
+    FillBill(test.program, bill, "TabSamePriceMove", "none");
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("没有原单！"));
+    EXPECT_EQ(bill.TxtMemo, "旧");
+    FillBill(test.program, bill, "TabNoSuch", "none");
+    ASSERT_EQ(test.prompt.boxes.size(), 1);
+    EXPECT_EQ(test.prompt.boxes[0].kind, "error");
+
+    // A head without lines leaves the keys as they were.
+    test.Insert("TabCheckLose", {{"Code", "BSD1"}, {"Datee", QDate(2023, 1, 1)}, {"Auditing", "审"}});
+    FillBill(test.program, bill, "TabCheckLose", "BSD1");
+    EXPECT_EQ(bill.LabBillName, "盘点报损单");
+    EXPECT_EQ(bill.TxtAuditing, "审");
+    EXPECT_EQ(bill.LabTotalMoney, "");
+    EXPECT_TRUE(bill.isEnabled(Command::Save));
+}
+
+TEST_F(LifecycleTest, AnUnknownOperationWordLeavesTheTables)
+{
+    Open("盘点报损");
+    test.program.parameters.OperateType = "别的";
+    frm_Initialize(test.program, bill, true);
+    EXPECT_EQ(bill.LabBillName, "别的单");
+    EXPECT_EQ(bill.NavTableName, "TabCheckLose");
+    test.program.parameters.OperateDate = "no day";
+    BillText loaded;
+    LoadWindow(test.program, loaded);
+    EXPECT_EQ(loaded.DTPDate, test.clock.now.day);
+    EXPECT_EQ(loaded.TxtMoneyName, "");
+}
+
+} // namespace

@@ -1,0 +1,226 @@
+#include "screen.h"
+
+namespace {
+
+struct LineEntryTest : BillScreen
+{};
+
+TEST_F(LineEntryTest, AChosenGoodFillsItsRow)
+{
+    const struct
+    {
+        const char* operation;
+        const char* row; // 商品编号, 商品名称, 规格, 单位, 数量, 成本价, 金额
+        int column;      // where the cursor is left
+    } cases[] = {{"同价调拨", "A001|螺丝|M8|箱|1.00|10.00|10.00", 1},
+                 {"异价调拨", "A001|螺丝|M8|箱|1.00|10.00|0.00", 1},
+                 {"商品调价", "A001|螺丝|M8|箱|||", 6},
+                 {"盘点报损", "A001|螺丝|M8|箱|1.00|10.00|10.00", 1}};
+    for (const auto& c : cases) {
+        Open(c.operation);
+        AddLine("A001", {});
+        QStringList row;
+        for (const char* caption : {"商品编号", "商品名称", "规格", "单位", "数量", "成本价", "金额"})
+            row << Cell(1, caption);
+        EXPECT_EQ(row.join('|'), QString(c.row));
+        EXPECT_EQ(bill.MSH.currentColumn, c.column);
+        EXPECT_EQ(bill.MSH.rows(), 3);
+    }
+}
+
+TEST_F(LineEntryTest, TypingFormatsFiguresAndSumsTheBill)
+{
+    Open("异价调拨");
+    AddLine("A001", {{"数量", "1,234.555"}, {"单价", "1。5"}, {"备注", " 原样 "}});
+    AddLine("B001", {{"数量", "abc"}, {"单价", "2"}});
+    EXPECT_EQ(Cell(1, "数量"), "1,234.56");
+    EXPECT_EQ(Cell(1, "单价"), "1.50");
+    EXPECT_EQ(Cell(1, "备注"), " 原样 ");
+    EXPECT_EQ(Cell(2, "数量"), "0.00");
+    EXPECT_EQ(bill.LabTotalAmount, "1,234.56");
+    EXPECT_EQ(bill.LabTotalMoney, "1,851.84");
+    bill.MSH.currentRow = 1;
+    bill.MSH.currentColumn = ColumnIndex(*bill.kind, u"数量");
+    EXPECT_EQ(EditorText(bill), "1234.56");
+
+    Open("商品调价");
+    AddLine("A001", {{"调价金额", "-1,000.5"}});
+    EXPECT_EQ(Cell(1, "调价金额"), "-1,000.5");
+    EXPECT_EQ(bill.LabTotalMoney, "-1,000.50");
+}
+
+TEST_F(LineEntryTest, ASavedLayoutChangesCaptionsAndWidthsOnly)
+{
+    for (int column = 0; column < 30; ++column)
+        test.Insert("TabPrintMSHSet", {{"TabName", "同价调拨单界面"},
+                                       {"ColOrder", column},
+                                       {"ColWidth", column == 8 ? 700 : 100},
+                                       {"ColElseName", "列" + QString::number(column)},
+                                       {"ContentAlign", 7}});
+    test.Insert("TabPrintMSHSet", {{"TabName", "盘点报损单界面"}, {"ColOrder", 0}, {"ColElseName", "x"}});
+    Open("同价调拨");
+    EXPECT_EQ(bill.MSH.columns(), 19);
+    EXPECT_EQ(bill.MSH.Cell(0, 6), "列6");
+    EXPECT_EQ(bill.MSH.column(6).alignment, 7);
+    EXPECT_TRUE(bill.totalMoneyShown);
+    // Under its new caption a quantity stays as typed, and a code chooses nothing.
+    Type(1, "数量", "2.5");
+    EXPECT_EQ(Cell(1, "数量"), "2.5");
+    AddLine("A001", {});
+    EXPECT_EQ(Cell(1, "商品编号"), "");
+
+    Open("盘点报损");
+    EXPECT_EQ(bill.MSH.columns(), 19);
+    EXPECT_EQ(bill.MSH.Cell(0, 0), "x");
+    EXPECT_EQ(bill.MSH.Cell(0, 1), "商品编号");
+    EXPECT_FALSE(bill.totalMoneyShown);
+}
+
+TEST_F(LineEntryTest, EnterNeedsTheWarehousesAndThenTheGood)
+{
+    Open("同价调拨");
+    bill.MSH.currentColumn = 1;
+    bill.TxtWarehouseCodeS = "101";
+    bill.TxtWarehouseNameF = bill.TxtWarehouseNameS = "";
+    EXPECT_TRUE(EnterCell(test.program, bill, "A001").stopped);
+    bill.TxtWarehouseNameF = "主仓";
+    EXPECT_TRUE(EnterCell(test.program, bill, "A001").stopped);
+    bill.TxtWarehouseNameS = "主仓";
+    EXPECT_FALSE(GoodsPicker(test.program, bill, "A").has_value());
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList({"请先选择发货仓库名称！", "请先选择收货仓库名称！",
+                                                    "禁止收货仓库名称与发货仓库名称相同！"}));
+    bill.TxtWarehouseCodeS = "102";
+
+    const EnterOutcome outcome = EnterCell(test.program, bill, "A0");
+    EXPECT_FALSE(outcome.stopped);
+    ASSERT_TRUE(outcome.picker.has_value());
+    EXPECT_EQ(outcome.picker->title, "选择商品");
+    EXPECT_EQ(test.Run(outcome.picker->query).Text("Code"), "A001");
+    EXPECT_EQ(Cell(1, "商品编号"), "");
+
+    bill.MSH.currentColumn = 2;
+    for (const char* text : {"螺丝", "LS"}) {
+        EXPECT_FALSE(EnterCell(test.program, bill, text).picker.has_value());
+        EXPECT_EQ(Cell(1, "商品编号"), "A001");
+    }
+    EXPECT_FALSE(EnterCell(test.program, bill, "O'Neil").picker.has_value());
+    EXPECT_EQ(Cell(1, "商品编号"), "B001");
+}
+
+TEST_F(LineEntryTest, TheDropListSearchesCodeByBeginningAndTheRestAnywhere)
+{
+    const struct
+    {
+        const char* text;
+        int found;
+    } cases[] = {{"A0", 1}, {"001", 0}, {"丝", 1}, {"8", 1}, {"S", 1}, {"'N", 1}, {"", 2}};
+    for (const auto& c : cases)
+        EXPECT_EQ(test.Run(DropListQuery(c.text)).size(), c.found) << c.text;
+    Open("盘点报溢");
+    Type(1, "商品编号", "A");
+    Type(1, "商品编号", "A0");
+    EXPECT_EQ(bill.MSH.rows(), 3) << "one blank row behind the typed one";
+}
+
+TEST_F(LineEntryTest, EditorsByCell)
+{
+    Open("异价调拨");
+    const struct
+    {
+        const char* caption;
+        CellEditor editor;
+    } cases[] = {{"商品编号", CellEditor::Text}, {"属性", CellEditor::Attribute}, {"单位", CellEditor::Unit},
+                 {"单价", CellEditor::Text},     {"成本价", CellEditor::None},    {"金额", CellEditor::None}};
+    for (const auto& c : cases) {
+        bill.MSH.currentColumn = ColumnIndex(*bill.kind, QString(c.caption));
+        bill.entryEnabled = true;
+        EXPECT_EQ(EditorOfCell(bill), c.editor) << c.caption;
+        bill.entryEnabled = false;
+        EXPECT_EQ(EditorOfCell(bill), CellEditor::None);
+    }
+}
+
+TEST_F(LineEntryTest, UnitsAndAttributesComeFromTheGood)
+{
+    Open("盘点报溢");
+    AddLine("A001", {});
+    bill.MSH.currentColumn = 5;
+    EXPECT_EQ(LoadUnitChoices(test.program, bill), QStringList({"箱", "个"}));
+    bill.MSH.currentColumn = 4;
+    const std::optional<PickerNeeded> picker = AttributeStep(test.program, bill);
+    ASSERT_TRUE(picker.has_value());
+    EXPECT_EQ(test.Run(Sql("select * from TabAttribute ") + picker->query).size(), 2);
+
+    AddLine("B001", {});
+    bill.MSH.currentColumn = 4;
+    EXPECT_FALSE(AttributeStep(test.program, bill).has_value());
+    EXPECT_TRUE(test.prompt.boxes.empty());
+    bill.MSH.SetCell(2, 4, "0102>红");
+    test.prompt.answers = {false, true};
+    AttributeStep(test.program, bill);
+    EXPECT_EQ(Cell(2, "属性"), "0102>红");
+    AttributeStep(test.program, bill);
+    EXPECT_EQ(Cell(2, "属性"), "");
+}
+
+TEST_F(LineEntryTest, RowsAreInsertedAndDeleted)
+{
+    Open("盘点报溢");
+    AddLine("A001", {{"数量", "2"}});
+    AddLine("B001", {});
+    bill.MSH.currentRow = 3;
+    InsertGridRow(test.program, bill);
+    DeleteGridRow(test.program, bill);
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList({"请选择正确的位置！", "请选择正确的位置！"}));
+    bill.MSH.currentRow = 1;
+    InsertGridRow(test.program, bill);
+    EXPECT_EQ(Cell(1, "商品编号") + Cell(2, "商品编号") + Cell(3, "商品编号"), "A001B001");
+    bill.MSH.currentRow = 2;
+    DeleteGridRow(test.program, bill);
+    EXPECT_EQ(bill.LabTotalAmount, "3.00");
+    test.prompt.answers = {true};
+    DeleteGridRow(test.program, bill);
+    EXPECT_EQ(test.prompt.TakeTexts().last(), "确定删除第2行吗？（删除掉将不可恢复）");
+    EXPECT_EQ(bill.LabTotalAmount, "1.00");
+    EXPECT_EQ(bill.MSH.rows(), 4);
+}
+
+TEST_F(LineEntryTest, ScanningAddsLines)
+{
+    Open("盘点报溢");
+    EXPECT_EQ(PosInPrice(test.program, bill, "A001"), 10);
+    PosInBill(test.program, bill, "A001", 3);
+    PosInBill(test.program, bill, "unknown", 3);
+    EXPECT_EQ(bill.MSH.rows(), 3);
+    EXPECT_EQ(Cell(1, "数量"), "3.00");
+    bill.TxtWarehouseCodeF.clear();
+    bill.TxtWarehouseCodeS.clear();
+    EXPECT_FALSE(PosInPrice(test.program, bill, "A001").has_value());
+
+    Open("商品调价");
+    EXPECT_FALSE(PosInPrice(test.program, bill, "A001").has_value());
+    PosInBill(test.program, bill, "A001", 3);
+    EXPECT_EQ(bill.MSH.Cell(1, 0), "3.00");
+}
+
+TEST_F(LineEntryTest, HeadBoxesLookUpByTheBeginning)
+{
+    test.Insert("TabStuff", {{"Code", "01"}, {"Name", "老王"}});
+    Open("同价调拨");
+    bill.TxtWarehouseNameF = "分";
+    EXPECT_FALSE(LookUpWarehouse(test.program, bill, WarehouseField::F).has_value());
+    EXPECT_EQ(bill.TxtWarehouseCodeF + bill.TxtWarehouseNameF, "102分仓");
+    bill.TxtWarehouseNameS = "1";
+    const std::optional<PickerNeeded> picker = LookUpWarehouse(test.program, bill, WarehouseField::S);
+    ASSERT_TRUE(picker.has_value());
+    EXPECT_EQ(picker->title, "收货仓库");
+    EXPECT_EQ(bill.TxtWarehouseCodeS + bill.TxtWarehouseNameS, "");
+    EXPECT_FALSE(LookUpWarehouse(test.program, bill, WarehouseField::S).has_value());
+    bill.TxtSaleMan = "01";
+    EXPECT_FALSE(LookUpStaff(test.program, bill).has_value());
+    EXPECT_EQ(bill.TxtSaleMan, "老王");
+    bill.TxtSaleMan = "x";
+    EXPECT_TRUE(LookUpStaff(test.program, bill).has_value());
+}
+
+} // namespace

@@ -1,0 +1,106 @@
+#pragma once
+
+// A bill's screen on a small account set: two goods, two warehouses under a main one, opening stock, two places.
+
+#include "bills/head_fields.h"
+#include "bills/lifecycle.h"
+#include "bills/line_columns.h"
+#include "bills/line_entry.h"
+#include "bills/line_totals.h"
+#include "bills/save.h"
+#include "data/decimals.h"
+#include "support/test_program.h"
+
+#include <gtest/gtest.h>
+
+class BillScreen : public testing::Test
+{
+protected:
+    explicit BillScreen(const QString& databaseType = "Access") : test(databaseType)
+    {
+        test.Insert("TabWarehouseType", {{"Code", "1"}, {"Name", "总库"}, {"ParentCode", "0"}});
+        test.Insert("TabWarehouseType", {{"Code", "101"}, {"Name", "主仓"}, {"ParentCode", "1"}});
+        test.Insert("TabWarehouseType", {{"Code", "102"}, {"Name", "分仓"}, {"ParentCode", "1"}});
+        test.Insert("TabWare", {{"Code", "A001"},
+                                {"Name", "螺丝"},
+                                {"Spec", "M8"},
+                                {"Unite", "箱"},
+                                {"SecondUnite", "个"},
+                                {"UniteRelation", 8.0},
+                                {"ZJF", "LS"},
+                                {"AttributeCode", "01"},
+                                {"CostStyle", "移动加权平均法"},
+                                {"AmountQueryYN", "是"}});
+        test.Insert("TabWare", {{"Code", "B001"}, {"Name", "O'Neil"}, {"Unite", "件"}, {"AmountQueryYN", "是"}});
+        test.Insert("TabWarehouseTurn", {{"Num", 1},
+                                         {"WareCode", "A001"},
+                                         {"WarehouseCode", "101"},
+                                         {"Amount", 100.0},
+                                         {"Cost", 1000.0},
+                                         {"AveragePrice", 10.0},
+                                         {"WareSpec", "M8"}});
+        test.Insert("TabAttribute", {{"Code", "01"}, {"Name", "颜色"}, {"ParentCode", "0"}});
+        test.Insert("TabAttribute", {{"Code", "0102"}, {"Name", "红"}, {"ParentCode", "01"}});
+        for (const char* kind : {"单价型", "数值型", "金额型"})
+            test.Insert("TabDotSet", {{"Name", kind}, {"Num", 2}});
+        LoadDecimalPlaces(test.program);
+    }
+
+    /// A blank bill of a kind with its warehouses chosen.
+    void Open(const char* operation)
+    {
+        test.program.parameters.OperateType = operation;
+        bill = {};
+        LoadWindow(test.program, bill);
+        frm_Initialize(test.program, bill, false);
+        bill.TxtWarehouseCodeF = "101";
+        bill.TxtWarehouseNameF = "主仓";
+        bill.TxtWarehouseCodeS = "102";
+        bill.TxtWarehouseNameS = "分仓";
+    }
+
+    void Type(int row, const QString& caption, const QString& text)
+    {
+        bill.MSH.currentRow = row;
+        bill.MSH.currentColumn = ColumnIndex(*bill.kind, caption);
+        TypeInCell(test.program, bill, text);
+    }
+
+    /// Chooses a good in the blank row and types its cells.
+    void AddLine(const QString& code, std::initializer_list<std::pair<const char*, const char*>> cells)
+    {
+        const int row = bill.MSH.lastRow();
+        bill.MSH.currentRow = row;
+        bill.MSH.currentColumn = 1;
+        ChooseGood(test.program, bill, code);
+        for (const auto& [caption, text] : cells)
+            Type(row, caption, text);
+    }
+
+    QString Cell(int row, const QString& caption) { return bill.MSH.Cell(row, ColumnIndex(*bill.kind, caption)); }
+
+    /// Saves and gives the boxes.
+    QStringList Save()
+    {
+        posting = FSave(test.program, bill);
+        return test.prompt.TakeTexts();
+    }
+
+    /// The rows of a statement, values joined by "|".
+    QStringList Rows(const QByteArray& statement)
+    {
+        const Recordset rows = test.Run(Sql(statement.constData()));
+        QStringList texts;
+        for (int row = 0; row < rows.size(); ++row) {
+            QStringList values;
+            for (int column = 0; column < static_cast<int>(rows.columns().size()); ++column)
+                values << TextOf(rows.at(row, column));
+            texts << values.join('|');
+        }
+        return texts;
+    }
+
+    TestProgram test;
+    BillText bill;
+    Posting posting;
+};

@@ -1,0 +1,219 @@
+#include "bills/recall.h"
+#include "bills/validation.h"
+#include "screen.h"
+
+#include <functional>
+
+namespace {
+
+struct ValidationTest : BillScreen
+{
+    /// The boxes of the chain; none when it passes.
+    QStringList Check()
+    {
+        const bool passed = CheckBill(test.program, bill);
+        QStringList boxes = test.prompt.TakeTexts();
+        EXPECT_EQ(passed, boxes.isEmpty());
+        return boxes;
+    }
+};
+
+TEST_F(ValidationTest, TheChainRefusesOneThingAfterAnother)
+{
+    test.program.parameters.UserName = "小李";
+    test.program.parameters.IsLotMoney = true;
+    test.Insert("TabTurnDay", {{"Datee", QDate(2023, 2, 8)}});
+    test.Insert("TabSysSet", {{"IsZero", 0}});
+    Open("同价调拨");
+    bill.TxtWarehouseNameF.clear();
+    bill.TxtWarehouseNameS.clear();
+    bill.TxtMoneyRate = "0";
+    AddLine("A001", {{"数量", "0"}, {"生产日期", "昨天"}, {"有效日期", "2023-02-30"}, {"唯一码", "U1"}});
+    Type(1, "商品名称", "手写");
+    bill.MSH.SetCell(1, 1, "nothing");
+
+    struct Step
+    {
+        const char* box;
+        std::function<void()> cure;
+    };
+    const QString row = "第 1 行";
+    const Step steps[] = {
+        {"没有操作权限！",
+         [&] {
+             test.Insert("TabOperateRight", {{"UserName", "小李"}, {"FunctionName", "同价调拨"}, {"AllowEdit", 1}});
+         }},
+        {"今天已结转，禁止当前操作！", [&] { bill.DTPDate = QDate(2023, 2, 9); }},
+        {"发货仓库不能为空！",
+         [&] {
+             bill.TxtWarehouseNameF = "总库";
+             bill.TxtWarehouseCodeF.clear();
+         }},
+        {"发货仓库名称不正确（原因：名称不存在或不是处于最末级），请重新选择！",
+         [&] { bill.TxtWarehouseNameF = "主仓"; }},
+        {"收货仓库不能为空！",
+         [&] {
+             bill.TxtWarehouseNameS = "不管叫什么";
+             bill.TxtWarehouseCodeS = "1";
+         }},
+        {"收货仓库名称不正确（原因：名称不存在或不是处于最末级），请重新选择！",
+         [&] { bill.TxtWarehouseCodeS = "102"; }},
+        {"请选择币种！", [&] { bill.TxtMoneyName = "人民币"; }},
+        {"汇率不能为0，如果是本位币，则汇率填写1", [&] { bill.TxtMoneyRate = "1"; }},
+        {"第 1 行 商品编号为  nothing   的商品对应数量为0，请录入数量或删除掉该行之后再保存！",
+         [&] { bill.MSH.SetCell(1, 6, "200"); }},
+        {"第 1 行商品编号为 nothing  的商品信息在商品信息表在不存，请先从商品信息录入界面录入好商品信息后再开单！或者"
+         "双击商品编号列所在行选择商品信息。",
+         [&] { bill.MSH.SetCell(1, 1, " a001 "); }},
+        {"第 1 行 生产日期 输入格式不正确！\r\n请输入完整的日期格式（YYYY-MM-DD）后再保存！",
+         [&] { bill.MSH.SetCell(1, bill.MSH.currentColumn, "2023/2/3"); }},
+        {"第 1 行 有效日期 输入格式不正确！\r\n请输入完整的日期格式（YYYY-MM-DD）后再保存！",
+         [&] { bill.MSH.SetCell(1, bill.MSH.currentColumn, "2023-02-28"); }},
+        {"第 1 行输入的  唯一码  "
+         "在系统中不存在，不能输入系统中不存在的唯一码！\r\n请修改保证其在系统中存在后再保存！",
+         [&] { bill.MSH.SetCell(1, bill.MSH.currentColumn, ""); }},
+    };
+    for (const Step& step : steps) {
+        EXPECT_EQ(Check(), QStringList(step.box));
+        step.cure();
+    }
+    EXPECT_EQ(Check(), QStringList({"库存数量不足！截至 2023-02-09 时，主仓 "
+                                    "中库存量为100，因此最多只能开出 100，请调整！",
+                                    "请检查列表中第  1 行！"}));
+    EXPECT_EQ(bill.TxtBillCode, "");
+    bill.MSH.SetCell(1, 6, "100");
+    EXPECT_EQ(Check(), QStringList());
+    // What the chain leaves on the screen.
+    EXPECT_EQ(bill.TxtWarehouseCodeF, "101");
+    EXPECT_EQ(bill.TxtWarehouseNameS, "分仓");
+    EXPECT_EQ(Cell(1, "商品名称"), "螺丝");
+    EXPECT_EQ(bill.TxtDate, "2023-02-09");
+    EXPECT_EQ(bill.TxtBillCode, "TDD202302080001");
+
+    bill.BillSavedFlag = true;
+    bill.TxtBillCode = " ";
+    EXPECT_EQ(Check(), QStringList("单据编号不能为空！"));
+}
+
+TEST_F(ValidationTest, TheOnlyWarehouseIsNamedByTheKind)
+{
+    const struct
+    {
+        const char* operation;
+        const char* word;
+    } kinds[] = {{"商品调价", "调价仓库"}, {"盘点报损", "报损仓库"}, {"盘点报溢", "报溢仓库"}};
+    for (const auto& kind : kinds) {
+        Open(kind.operation);
+        bill.TxtWarehouseNameF.clear(); // hidden, not asked for
+        bill.TxtWarehouseNameS = " ";
+        EXPECT_EQ(Check(), QStringList(QString(kind.word) + "不能为空！"));
+        bill.TxtWarehouseNameS = "x";
+        bill.TxtWarehouseCodeS = "x";
+        EXPECT_EQ(Check(),
+                  QStringList(QString(kind.word) + "名称不正确（原因：名称不存在或不是处于最末级），请重新选择！"));
+        bill.TxtWarehouseCodeS = "102";
+        EXPECT_EQ(Check(), QStringList()) << "a bill without lines passes";
+    }
+}
+
+TEST_F(ValidationTest, ARewrittenTransferCountsItsOwnSavedLinesAgainstItself)
+{
+    test.Insert("TabSysSet", {{"IsZero", 0}});
+    Open("同价调拨");
+    AddLine("A001", {{"数量", "40"}});
+    EXPECT_EQ(Save(), QStringList("保存成功！"));
+    const auto refused = [](const char* stock) {
+        return "库存数量不足！截至 2023-02-08 时，主仓 中库存量为" + QString(stock) + "，因此最多只能开出 " +
+               (QString(stock).startsWith('-') ? "0" : stock) + "，请调整！";
+    };
+    // 100 less the saved 40 that left, less the same 40 once more.
+    bill.MSH.SetCell(1, 6, "20.0000001");
+    EXPECT_EQ(Check().value(0), refused("20"));
+    bill.MSH.SetCell(1, 6, "20.00000001");
+    EXPECT_EQ(Check(), QStringList());
+
+    test.Insert("TabWarehouseTurn", {{"Num", 1}, {"WareCode", "A001"}, {"WarehouseCode", "101"}, {"Amount", -50.0}});
+    bill.MSH.SetCell(1, 6, "1");
+    EXPECT_EQ(Check().value(0), refused("-30"));
+    test.Run(Sql("update TabSysSet set IsZero=1"));
+    EXPECT_EQ(Check(), QStringList());
+}
+
+TEST_F(ValidationTest, APieceMustHaveComeInAndNotGoneOut)
+{
+    const char* const missing = "在系统中不存在";
+    const char* const gone = "曾经已出库";
+    const auto expectBox = [this](const char* word) {
+        const QStringList boxes = Check();
+        if (!word)
+            EXPECT_EQ(boxes, QStringList());
+        else
+            EXPECT_TRUE(boxes.value(0).contains(word)) << boxes.value(0).toStdString();
+    };
+    const struct
+    {
+        const char* table;
+        const char* ware;
+        Field mark;
+        bool known;
+    } pieces[] = {
+        {"TabInBillInf", "A001", {"State", "正常"}, true},
+        {"TabInBillInf", "A001", {"State", "作废"}, false},
+        {"TabElseInBillInf", "A001", {"State", "正常"}, true},
+        {"TabOutCancleBillInf", "A001", {"State", "正常"}, true},
+        {"TabWareGroup", "A001", {"State", "正常"}, true},
+        {"TabWarePieceInf", "A001", {"State", "正常"}, true},
+        {"TabCheckOverInf", "A001", {"BillCode", "BYD1"}, true},
+        {"TabWarehouseTurn", "A001", {"Num", 2}, true},
+        {"TabInBillInf", "B001", {"State", "正常"}, false},
+    };
+    for (const auto& piece : pieces) {
+        SCOPED_TRACE(piece.table);
+        test.Insert(piece.table, {{"OnlyCode", "U'1"}, {"WareCode", piece.ware}, piece.mark});
+        for (const char* operation : {"盘点报损", "盘点报溢"}) {
+            Open(operation);
+            AddLine("A001", {{"唯一码", "U'1"}});
+            expectBox(piece.known ? nullptr : missing);
+        }
+        test.Run(Sql("delete from ") + Name(piece.table));
+    }
+
+    test.Insert("TabInBillInf", {{"WareCode", "A001"}, {"OnlyCode", "U1"}, {"State", "正常"}});
+    Open("盘点报损");
+    AddLine("A001", {{"唯一码", "U1"}});
+    Save();
+    expectBox(nullptr); // its own row
+    NewBill(test.program, bill);
+    bill.TxtWarehouseNameS = "分仓";
+    AddLine("A001", {{"唯一码", "U1"}});
+    expectBox(gone);
+    EXPECT_EQ(bill.MSH.currentColumn, ColumnIndex(*bill.kind, u"唯一码"));
+}
+
+TEST_F(ValidationTest, FiguresBeyondMoneyAreRefused)
+{
+    Open("异价调拨");
+    AddLine("A001", {{"数量", "1e300"}, {"单价", "1e300"}});
+    EXPECT_EQ(Check(), QStringList("第 1 行 金额 超出系统所能保存的范围，请修改后再保存！"));
+    AddLine("A001", {{"数量", "600000000000000"}, {"单价", "1"}});
+    Type(1, "单价", "1");
+    Type(1, "数量", "600000000000000");
+    EXPECT_TRUE(Check().value(0).startsWith("第 1 行 金额")) << "at its cost of 10";
+    bill.MSH.SetCell(1, ColumnIndex(*bill.kind, u"成本价"), "0");
+    bill.MSH.SetCell(2, ColumnIndex(*bill.kind, u"成本价"), "0");
+    EXPECT_EQ(Check(), QStringList("合计金额超出系统所能保存的范围，请修改后再保存！"));
+
+    // The grid does not show the cost that is stored: the save finds out, and takes everything back.
+    bill.MSH.RemoveRow(2);
+    Type(1, "单价", "0");
+    test.Run(Sql("update TabWarehouseTurn set AveragePrice=10000"));
+    EXPECT_EQ(Save().size(), 1);
+    EXPECT_FALSE(posting.stored);
+    EXPECT_EQ(Rows("select Code from TabDiffPriceMove"), QStringList());
+
+    Open("商品调价");
+    AddLine("A001", {{"调价金额", "-1e15"}});
+    EXPECT_EQ(Check(), QStringList("第 1 行 调价金额 超出系统所能保存的范围，请修改后再保存！"));
+}
+
+} // namespace

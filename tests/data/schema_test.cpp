@@ -1,0 +1,110 @@
+#include "data/schema.h"
+
+#include "support/test_program.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+/// Position of a column as the positional inserts count it, from 1.
+int PositionOf(const char* table, const char* column)
+{
+    const SchemaTable* const schema = FindTable(table);
+    for (size_t index = 0; schema && index < schema->columns.size(); ++index)
+        if (schema->columns[index].name == QString(column))
+            return static_cast<int>(index) + 1;
+    return 0;
+}
+} // namespace
+
+TEST(Schema, ColumnsStandWhereThePositionalInsertsPutThem)
+{
+    struct Place
+    {
+        const char* table;
+        const char* column;
+        int position;
+        size_t columns;
+    };
+    const Place places[] = {
+        {"TabSamePriceMove", "Report", 13, 18},      {"TabDiffPriceMove", "MoneyBanlance", 13, 19},
+        {"TabDiffPriceMove", "Auditing", 19, 19},    {"TabChangePrice", "MoneyBanlance", 11, 17},
+        {"TabCheckLose", "Report", 11, 16},          {"TabCheckOver", "SaleMan", 13, 16},
+        {"TabWareGroup", "StockInAmount", 20, 37},   {"TabWareGroup", "OnlyCode", 32, 37},
+        {"TabWarePiece", "WareSpec", 34, 37},        {"TabWarePiece", "Custom3", 37, 37},
+        {"TabSamePriceMoveInf", "State", 11, 28},    {"TabDiffPriceMoveInf", "MoneyBanlance", 13, 31},
+        {"TabDiffPriceMoveInf", "State", 14, 31},    {"TabChangePriceInf", "lastAveragePrice", 15, 32},
+        {"TabCheckOverInf", "DateTimee", 12, 28},    {"TabWareGroupInf", "State", 12, 30},
+        {"TabWarePieceInf", "AveragePrice", 13, 30}, {"TabWarePieceInf", "OnlyCode", 26, 30},
+        {"TabWarrant", "JXCBillCode", 14, 25},       {"TabWarrant", "IsLoss", 25, 25},
+        {"TabWarrantInf", "Debtor", 10, 27},         {"TabWarrantInf", "ZDYHS", 25, 27},
+        {"TabPrintMSHSet", "ContentAlign", 12, 18},
+    };
+    for (const Place& place : places) {
+        EXPECT_EQ(PositionOf(place.table, place.column), place.position) << place.table << "." << place.column;
+        EXPECT_EQ(FindTable(place.table)->columns.size(), place.columns) << place.table;
+    }
+    EXPECT_EQ(FindTable("TabNothing"), nullptr);
+}
+
+TEST(Schema, EveryTableTakesARow)
+{
+    TestProgram test;
+    for (const SchemaTable& table : Schema()) {
+        test.Insert(table.name.toUtf8(), {});
+        EXPECT_EQ(test.Run(Sql("select * from ") + Name(table.name)).columns().size(), table.columns.size());
+    }
+}
+
+TEST(Schema, AFormThatWouldNotCompareIsRefused)
+{
+    const auto accepts = [](TestProgram& test, const char* column, const Value& value) {
+        const Recordset rs = OpenQuery(test.program, Sql("update TabWareGroup set ") + column + "=" + Sql() + value);
+        test.prompt.TakeTexts();
+        return static_cast<bool>(rs);
+    };
+    TestProgram test;
+    test.Insert("TabWareGroup", {{"Code", "ZZD1"}});
+    struct Case
+    {
+        const char* column;
+        const char* text;
+        bool accepted;
+    };
+    const Case cases[] = {
+        {"Datee", "2023-02-08", true},
+        {"Datee", "2023-2-8", false},
+        {"Datee", "2023-02-08 09:30:00", false},
+        {"Datee", "", false},
+        {"DateTimee", "2023-02-08", true},
+        {"DateTimee", "2023-02-08 09:30:00", true},
+        {"DateTimee", "2023-02-08 09:30:00.004", true},
+        {"DateTimee", "2023-02-08 00:00:00.004", true},
+        {"DateTimee", "2023-02-08 00:00:00", false},
+        {"DateTimee", "2023-02-08 09:30:00.000", false},
+        {"DateTimee", "2023-02-08 9:30", false},
+        {"Cost", "12.5", true},
+        {"Cost", "", false},
+        {"Cost", "x", false},
+        {"SCDate", "明年", true},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(accepts(test, c.column, QString(c.text)), c.accepted) << c.column << " " << c.text;
+    EXPECT_TRUE(accepts(test, "Cost", {}));
+}
+
+TEST(Schema, CodesCompareWithoutRegardToCaseAndArePrimaryKeys)
+{
+    TestProgram test;
+    test.Insert("TabWare", {{"Code", "Ab1"}});
+    EXPECT_EQ(test.Run(Sql("select * from TabWare where Code=") + QString("aB1")).size(), 1);
+    EXPECT_FALSE(OpenQuery(test.program, Sql("insert into TabWare select * from TabWare")));
+}
+
+TEST(Schema, ACodeIsFoundByItsStartThroughTheKey)
+{
+    TestProgram test;
+    const Recordset plan =
+        test.Run(Sql("explain query plan select max(Code) as Codee from TabSamePriceMove where Code like ") +
+                 QString("TDD2023%"));
+    EXPECT_TRUE(plan.Text("detail").startsWith("SEARCH")) << plan.Text("detail").toStdString();
+}

@@ -1,0 +1,22 @@
+# Refuses an include from a lower floor to a higher one, and a widget outside of the window files.
+# Usage: cmake -DSOURCE=<root> -DWINDOW_FILES=<regex> -P floors.cmake
+set(floors base database handover data stock dialogs output bills assembly frame)
+# What stands on the same height may use what is left of it: the window files of bills open dialogs.
+file(GLOB_RECURSE files ${SOURCE}/src/*.cpp ${SOURCE}/src/*.h)
+foreach(file ${files})
+    file(RELATIVE_PATH name ${SOURCE}/src ${file})
+    string(REGEX MATCH "^[^/]+" floor ${name})
+    list(FIND floors ${floor} height)
+    file(STRINGS ${file} lines REGEX "^#include")
+    string(REGEX MATCH "/(${WINDOW_FILES})\\." window ${name})
+    foreach(line ${lines})
+        if(line MATCHES "\"([a-z]+)/")
+            list(FIND floors ${CMAKE_MATCH_1} included)
+            if(included GREATER height AND NOT window)
+                message(SEND_ERROR "${name} includes upwards: ${line}")
+            endif()
+        elseif(NOT window AND line MATCHES "<Q(Widget|Application|MainWindow|Dialog|Label|Push|Table|Tree|Line|Painter|Icon|Tool|Menu)")
+            message(SEND_ERROR "${name} is no window but uses one: ${line}")
+        endif()
+    endforeach()
+endforeach()

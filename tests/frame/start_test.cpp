@@ -1,0 +1,78 @@
+#include "frame/run_mode.h"
+#include "frame/start.h"
+#include "support/test_program.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QWidget>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr QStringView kInTheSuite = u"非单独操作";
+
+TEST(Start, TheDirectivesDecideWhichWindowComesFirst)
+{
+    struct Case
+    {
+        QString operation, word;
+        FirstWindow inTheSuite, alone;
+    };
+    const Case cases[] = {
+        {"", "  同价调拨 ", FirstWindow::RecalledBill, FirstWindow::RecalledBill},
+        {"", "盘点报溢", FirstWindow::RecalledBill, FirstWindow::RecalledBill},
+        {"", "商品拆卸", FirstWindow::RecalledAssembly, FirstWindow::RecalledAssembly},
+        {"", "商品入库", FirstWindow::MainWindow, FirstWindow::None},
+        {"", "", FirstWindow::MainWindow, FirstWindow::None},
+        {" 商品调价", "", FirstWindow::MainWindow, FirstWindow::NewBill},
+        {"组装拆卸", "", FirstWindow::MainWindow, FirstWindow::NewAssembly},
+        {"商品组装", "", FirstWindow::MainWindow, FirstWindow::None},
+        {"同价调拨", "商品组装", FirstWindow::RecalledAssembly, FirstWindow::NewBill},
+    };
+    for (const Case& start : cases) {
+        RunParameters parameters;
+        parameters.OperateType = start.operation;
+        parameters.OperationsDirective2 = start.word;
+        EXPECT_EQ(FirstWindowOf(parameters, kInTheSuite), start.inTheSuite) << start.word.toStdString();
+        EXPECT_EQ(FirstWindowOf(parameters, kStandAloneMode), start.alone) << start.word.toStdString();
+    }
+}
+
+TEST(Start, WithoutAHandOverNothingStarts)
+{
+    TestProgram test;
+    EXPECT_EQ(Main(test.folder.path(), test.prompt, test.clock, kInTheSuite), nullptr);
+    ASSERT_EQ(test.prompt.boxes.size(), 1u);
+    EXPECT_EQ(test.prompt.boxes[0].kind, "warn");
+    EXPECT_EQ(test.prompt.boxes[0].text, "读取系统参数失败，本模块启动终止！请重新操作！");
+    EXPECT_EQ(test.program.gConnection.State(), 0);
+}
+
+TEST(Start, AWordThatNamesNothingEndsAModuleSoldAlone)
+{
+    TestProgram test;
+    ASSERT_TRUE(WriteRunParameters(test.folder.path(), test.program.parameters, {"", "商品入库", "", "", ""}));
+    EXPECT_EQ(Main(test.folder.path(), test.prompt, test.clock, kStandAloneMode), nullptr);
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("读取系统运行参数失败，本模块运行自动终止，请重新操作！"));
+}
+
+TEST(Start, ASavedBillOpensAndTheHandOverIsGone)
+{
+    TestProgram test;
+    test.InsertBill("TabCheckOver", {{"Code", "BYD1"}, {"Datee", QDate(2023, 2, 8)}}, {{{"WareCode", "A001"}}});
+    ASSERT_TRUE(WriteRunParameters(test.folder.path(), test.program.parameters,
+                                   {"盘点报溢原单查看", "盘点报溢", " TabCheckOver ", "BYD1 ", ""}));
+    const auto program = Main(test.folder.path(), test.prompt, test.clock, kInTheSuite);
+    ASSERT_TRUE(program);
+    EXPECT_FALSE(QFile::exists(test.folder.filePath("CfgVault.dll")));
+    QWidgetList shown;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible())
+            shown << window;
+    ASSERT_EQ(shown.size(), 1);
+    EXPECT_EQ(shown.front()->windowTitle(), "盘点报溢单 BYD1");
+    EXPECT_TRUE(program->parameters.IsAccess);
+    delete shown.front();
+}
+
+} // namespace

@@ -1,0 +1,86 @@
+#pragma once
+
+// An account set in a folder of its own, with a program on it whose boxes are scripted and whose clock is set.
+
+#include "handover/open_query.h"
+
+#include <QTemporaryDir>
+#include <deque>
+#include <initializer_list>
+#include <ostream>
+#include <vector>
+
+/// Keeps every box; questions take their answers in turn, then no.
+class ScriptedPrompt : public Prompt
+{
+public:
+    struct Box
+    {
+        QString kind; // inform, warn, ask, error
+        QString text;
+    };
+
+    void Inform(const QString& text) override { boxes.push_back({"inform", text}); }
+    void Warn(const QString& text) override { boxes.push_back({"warn", text}); }
+    bool Ask(const QString& text) override;
+    void Error(const QString& text) override { boxes.push_back({"error", text}); }
+
+    /// The texts of all boxes since the last call.
+    QStringList TakeTexts();
+
+    std::deque<bool> answers;
+    std::vector<Box> boxes;
+};
+
+/// Stands still until told otherwise, or moves on by `step` milliseconds at every look.
+class FixedClock : public Clock
+{
+public:
+    Moment Now() override;
+
+    Moment now{QDate(2023, 2, 8), (9 * 60 + 30) * 60 * 1000};
+    int step = 0;
+};
+
+/// A column and its value, for rows that name only what matters.
+struct Field
+{
+    Field(const char* name, const char* text) : column(name), value(QString(text)) {}
+    template <typename Type>
+    Field(const char* name, const Type& typedValue) : column(name), value(typedValue)
+    {}
+
+    const char* column;
+    Value value;
+};
+
+class TestProgram
+{
+public:
+    /// An empty account set with all tables, no currency, operator 系统管理员, working date 2023-02-08.
+    explicit TestProgram(const QString& databaseType = "Access", StoreOpener opener = OpenStore);
+
+    /// A row of a table; columns not named get the empty text, 0, the date 1900-01-01, or null for a blob.
+    void Insert(const char* table, std::initializer_list<Field> fields);
+    /// A bill of any program: its head, and its lines numbered from 1 with the head's code, date and moment (midnight
+    /// of the date unless named). State is 正常 in all of them unless named.
+    void InsertBill(const char* headTable, std::initializer_list<Field> head,
+                    std::initializer_list<std::initializer_list<Field>> lines);
+    /// Runs a statement that must not fail.
+    Recordset Run(const Sql& sql);
+    QString databasePath() const;
+
+    QTemporaryDir folder;
+    ScriptedPrompt prompt;
+    FixedClock clock;
+    Program program;
+
+private:
+    void InsertFields(const QString& table, const std::vector<Field>& fields);
+};
+
+/// Readable failures of gtest.
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}

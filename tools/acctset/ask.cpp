@@ -1,0 +1,149 @@
+// Questions to the stock and cost engine, and its rewrite.
+
+#include "commands.h"
+
+#include "data/decimals.h"
+#include "handover/open_query.h"
+#include "stock/balance.h"
+#include "stock/cost_rewrite.h"
+#include "stock/unit_cost.h"
+
+#include <optional>
+
+namespace {
+
+using Options = std::vector<CommandLine::Option>;
+
+/// What every question can be narrowed by.
+const Options& DimensionOptions()
+{
+    static const Options options = {
+        {"currency", "a currency, or 综合本位币 for all at their rates", "NAME"},
+        {"attribute", "attribute code; its children count as well", "CODE"},
+        {"exact", "only the attribute itself", ""},
+        {"spec", "specification", "TEXT"},
+        {"manufacturer", "manufacturer", "TEXT"},
+        {"brand", "brand", "TEXT"},
+        {"batch", "batch number", "TEXT"},
+    };
+    return options;
+}
+
+Options With(Options options, const Options& more)
+{
+    options.insert(options.end(), more.begin(), more.end());
+    return options;
+}
+
+Dimensions DimensionsOf(const CommandLine& line)
+{
+    return {line.Text("attribute"), line.Text("spec"), line.Text("manufacturer"), line.Text("brand"),
+            line.Text("batch")};
+}
+
+/// The moment asked for; otherwise the working date's last one.
+Moment AsOf(const CommandLine& line, const char* option, const OpenedAccountSet& set)
+{
+    const QDate today = *ParseDay(set.program.parameters.OperateDate);
+    return line.MomentAt(option, Moment{today, kMillisecondsPerDay - 1000});
+}
+
+void CheckGood(Program& program, const QString& wareCode)
+{
+    const Recordset found = OpenQuery(program, Sql("select Code from TabWare where Code=") + wareCode);
+    if (found && found.isEmpty())
+        throw Refusal{QString("there is no good \"%1\"").arg(wareCode)};
+}
+
+} // namespace
+
+int StockCommand(const QStringList& arguments)
+{
+    const CommandLine line("stock", "Prints amount, money and unit cost of a good on stock as one JSON object.",
+                           {"FILE"},
+                           With({{"ware", "code of the good", "CODE"},
+                                 {"warehouse", "code of one warehouse; all without it", "CODE"},
+                                 {"date", "the last day that counts; today without it", "DATE"}},
+                                DimensionOptions()),
+                           arguments);
+    if (line.helpShown())
+        return kDone;
+    StockQuestion question;
+    question.wareCode = line.Needed("ware");
+    question.warehouse = line.Text("warehouse");
+    question.dimensions = DimensionsOf(line);
+    question.attributeExact = line.IsSet("exact");
+    question.moneyName = line.Text("currency");
+
+    OpenedAccountSet set(line.Word(0));
+    question.asOf = AsOf(line, "date", set);
+    CheckGood(set.program, question.wareCode);
+    question.auditedOnly = IsAuditedBillCounted(set.program);
+    const TogatherData stock = GetStockBalance(set.program, question);
+    set.RefuseOnErrors();
+    PrintJson({{"amount", stock.ShownAmount}, {"money", stock.ShownMoney.text()}, {"unitCost", stock.UnitCost}});
+    return kDone;
+}
+
+int CostCommand(const QStringList& arguments)
+{
+    const CommandLine line("cost", "Prints the unit cost of a good as one JSON object.", {"FILE"},
+                           With({{"ware", "code of the good", "CODE"},
+                                 {"moment", "the moment that counts; now without it", "MOMENT"},
+                                 {"adds", "the line brings value into stock", ""},
+                                 {"amount", "what the line adds, in base units", "NUMBER"},
+                                 {"price", "the cost where the stock after the line is nothing", "NUMBER"},
+                                 {"money", "the money that the line adds", "NUMBER"},
+                                 {"display", "the suggested cost instead of the one that a bill stores", ""},
+                                 {"moving", "with --display: the moving average also without --adds", ""}},
+                                DimensionOptions()),
+                           arguments);
+    if (line.helpShown())
+        return kDone;
+    CostQuestion question;
+    question.wareCode = line.Needed("ware");
+    question.addsValue = line.IsSet("adds");
+    question.lineAmount = line.Number("amount", 0);
+    question.linePrice = line.Number("price", 0);
+    question.lineMoney = Currency::FromDouble(line.Number("money", 0));
+    question.dimensions = DimensionsOf(line);
+    question.moneyName = line.Text("currency");
+    question.useMoving = line.IsSet("moving");
+    question.attributeExact = line.IsSet("exact");
+
+    OpenedAccountSet set(line.Word(0));
+    question.moment = AsOf(line, "moment", set);
+    CheckGood(set.program, question.wareCode);
+    question.auditedOnly = IsAuditedBillCounted(set.program);
+    const double cost =
+        line.IsSet("display") ? GetDisplayCost(set.program, question) : GetUnitCost(set.program, question);
+    set.RefuseOnErrors();
+    PrintJson({{"cost", cost}});
+    return kDone;
+}
+
+int RewriteCommand(const QStringList& arguments)
+{
+    const CommandLine line("rewrite", "Rewrites the costs of a good on the bills behind the last close.", {"FILE"},
+                           {{"ware", "code of the good", "CODE"},
+                            {"warehouse", "code of the warehouse", "CODE"},
+                            {"date", "the day up to which costs are rewritten", "DATE"},
+                            {"currency", "only bills in this currency", "NAME"}},
+                           arguments);
+    if (line.helpShown())
+        return kDone;
+    const QString wareCode = line.Needed("ware");
+    const QString warehouse = line.Needed("warehouse");
+    line.Needed("date");
+    const QDate day = line.MomentAt("date", {}).day;
+
+    OpenedAccountSet set(line.Word(0));
+    CheckGood(set.program, wareCode);
+    const bool auditedOnly = IsAuditedBillCounted(set.program);
+    SaveUnit unit(set.program);
+    set.RefuseOnErrors();
+    RewriteCostOverBills(set.program, wareCode, warehouse, day, line.Text("currency"), auditedOnly);
+    unit.Commit();
+    set.RefuseOnErrors();
+    return kDone;
+}

@@ -1,0 +1,8 @@
+#pragma once
+
+// The demonstration account set: a wholesaler with its goods, places and people, and its trade of 2023 with a close
+// at the end of June. It comes out the same every time.
+
+#include "new_account_set.h"
+
+void FillDemo(NewAccountSet& accountSet);

@@ -1,0 +1,64 @@
+// acctset show: a saved bill as its rows stand in the account set.
+#include "commands.h"
+
+#include "data/bill_kinds.h"
+#include "handover/open_query.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace {
+
+QString JsonText(const QString& text)
+{
+    const QByteArray array = QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact);
+    return QString::fromUtf8(array.mid(1, array.size() - 2));
+}
+
+/// Numbers as numbers, dates as their canonical text.
+QString JsonValue(const Value& value)
+{
+    if (IsNull(value))
+        return "null";
+    const bool isNumber = std::holds_alternative<qint64>(value) || std::holds_alternative<double>(value) ||
+                          std::holds_alternative<Currency>(value);
+    return isNumber ? TextOf(value) : JsonText(TextOf(value));
+}
+
+/// One row, its columns in the order of the table, which the objects of the JSON classes would not keep.
+QString JsonRow(const Recordset& rows, int row)
+{
+    QStringList members;
+    for (int column = 0; column < static_cast<int>(rows.columns().size()); ++column)
+        members << JsonText(rows.columns()[size_t(column)]) + ":" + JsonValue(rows.at(row, column));
+    return "{" + members.join(",") + "}";
+}
+
+} // namespace
+
+int ShowCommand(const QStringList& arguments)
+{
+    const CommandLine line("show", "Prints a saved bill, its head and its lines as they are stored.",
+                           {"FILE", "BILLNAME", "CODE"}, {}, arguments);
+    if (line.helpShown())
+        return kDone;
+    const BillKind* kind = KindOfBill(line.Word(1));
+    if (!kind)
+        throw WrongUse{QString("there is no bill \"%1\"").arg(line.Word(1))};
+
+    OpenedAccountSet set(line.Word(0));
+    const QString code = line.Word(2);
+    const Recordset head =
+        OpenQuery(set.program, Sql("select * from ") + Name(kind->headTable) + " where Code=" + code);
+    const Recordset lines = OpenQuery(set.program, Sql("select * from ") + Name(kind->lineTable) +
+                                                       " where BillCode=" + code + " order by Num");
+    set.RefuseOnErrors();
+    if (head.isEmpty())
+        throw Refusal{QString("there is no %1 \"%2\"").arg(kind->bill, code)};
+
+    QStringList shown;
+    for (int row = 0; row < lines.size(); ++row)
+        shown << JsonRow(lines, row);
+    PrintLine("{\"head\":" + JsonRow(head, 0) + ",\"lines\":[" + shown.join(",") + "]}");
+    return kDone;
+}
