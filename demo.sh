@@ -17,7 +17,7 @@ acctset=$demo/acctset
 data=$demo/Data/demo.db
 [ -f "$data" ] || "$acctset" create "$data" --demo
 "$acctset" handover "$demo" --data demo.db --date "$(date +%F)" --directive1 同价调拨原单查看 --directive2 同价调拨 \
-    --directive3 TabSamePriceMove --directive4 "$(cat scripts/demo-bill.txt)"
+    --directive3 TabSamePriceMove --directive4 TDD202312290001
 
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     exec "$demo/WHMO.exe"
@@ -35,8 +35,7 @@ sleep 1
 import -window root "$demo/screenshot.png"
 echo "Screenshot: $demo/screenshot.png"
 
-stock() { "$acctset" stock "$data" --ware "$ware" --warehouse "$1"; }
-ware=$(sed -n 's/.*"商品编号":"\([^"]*\)".*/\1/p' scripts/demo-transfer.json | head -n 1)
-echo "Stock of $ware before: source $(stock 0101) destination $(stock 0102)"
+stock() { "$acctset" stock "$data" --ware 010101001 --warehouse "$1" --date 2023-12-31; }
+echo "Stock of 010101001 before: 主仓 $(stock 0101), 门店仓 $(stock 0201)"
 "$acctset" post "$data" scripts/demo-transfer.json
-echo "Stock of $ware after:  source $(stock 0101) destination $(stock 0102)"
+echo "Stock of 010101001 after:  主仓 $(stock 0101), 门店仓 $(stock 0201)"

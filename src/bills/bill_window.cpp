@@ -277,9 +277,11 @@ void BillWindow::GoOn()
 
 bool BillWindow::event(QEvent* event)
 {
-    // A box stands before the window: nothing is being written now.
-    if (event->type() == QEvent::WindowBlocked && m_loading)
+    // A box stands before the window: nothing is being written now, and what the box speaks of is to be seen.
+    if (event->type() == QEvent::WindowBlocked && m_loading) {
         m_loading->hide();
+        ShowBill();
+    }
     return QMainWindow::event(event);
 }
 

@@ -7,29 +7,36 @@ struct BillIndex
     const char* table;
     const char* warehouses; // columns of the head
     const char* value;      // columns of a line that value it, between the amount and the state
-    const char* cost;       // its unit cost behind the moment, where `value` does not hold it; the newest cost of a
-                            // good is asked by its specification, which stands beside it
+    const char* cost;       // its unit cost behind the moment, where `value` does not hold it
 };
 
 constexpr BillIndex kBillIndexes[] = {
-    {"TabInBill", "WarehouseCode", "Moneyy_Discount", ",AveragePrice,WareSpec"},
-    {"TabInCancleBill", "WarehouseCode", "Moneyy_Discount", ",AveragePrice,WareSpec"},
-    {"TabElseInBill", "WarehouseCode", "Moneyy_Discount", ",AveragePrice,WareSpec"},
+    {"TabInBill", "WarehouseCode", "Moneyy_Discount", ",AveragePrice"},
+    {"TabInCancleBill", "WarehouseCode", "Moneyy_Discount", ",AveragePrice"},
+    {"TabElseInBill", "WarehouseCode", "Moneyy_Discount", ",AveragePrice"},
     {"TabOutBill", "WarehouseCode", "Cost", ",AveragePrice"},
     {"TabOutCancleBill", "WarehouseCode", "Cost", ",AveragePrice"},
     {"TabElseOutBill", "WarehouseCode", "Cost", ",AveragePrice"},
     {"TabSamePriceMove", "WarehouseCodeF,WarehouseCodeS", "AveragePrice", ""},
     {"TabDiffPriceMove", "WarehouseCodeF,WarehouseCodeS", "AveragePrice", ""},
-    {"TabChangePrice", "WarehouseCode", "MoneyBanlance", ",lastAveragePrice,WareSpec"},
+    {"TabChangePrice", "WarehouseCode", "MoneyBanlance", ",lastAveragePrice"},
     {"TabCheckLose", "WarehouseCode", "AveragePrice", ""},
     {"TabCheckOver", "WarehouseCode", "AveragePrice", ""},
     {"TabWareGroup", "WarehouseCodeF,WarehouseCodeS", "Moneyy", ",AveragePrice"},
-    {"TabWarePiece", "WarehouseCodeF,WarehouseCodeS", "Moneyy", ",AveragePrice,WareSpec"},
+    {"TabWarePiece", "WarehouseCodeF,WarehouseCodeS", "Moneyy", ",AveragePrice"},
 };
 
 constexpr const char* kOtherIndexes[] = {
     "create index TabWareGroup_ware on TabWareGroup(WareCode,Datee)",
     "create index TabWarePiece_ware on TabWarePiece(WareCode,Datee)",
+    // The newest cost of a good is the first row here, whatever its number of lines.
+    "create index TabInBillInf_cost on TabInBillInf(WareCode,DateTimee,Datee,State,AveragePrice)",
+    "create index TabInCancleBillInf_cost on TabInCancleBillInf(WareCode,DateTimee,Datee,State,AveragePrice)",
+    "create index TabElseInBillInf_cost on TabElseInBillInf(WareCode,DateTimee,Datee,State,AveragePrice,BillCode)",
+    "create index TabChangePriceInf_cost on "
+    "TabChangePriceInf(WareCode,DateTimee,Datee,State,lastAveragePrice,BillCode,Moneyy)",
+    "create index TabWareGroup_cost on TabWareGroup(WareCode,DateTimee,Datee,State,AveragePrice)",
+    "create index TabWarePieceInf_cost on TabWarePieceInf(WareCode,DateTimee,Datee,State,AveragePrice)",
     "create index TabWarehouseTurn_w on "
     "TabWarehouseTurn(WareCode,Datee,Num,WarehouseCode,Amount,Cost,MoneyRate,AveragePrice)",
     "create index TabTurn_d on TabTurn(Datee)",
@@ -40,6 +47,8 @@ constexpr const char* kOtherIndexes[] = {
     "create index TabWarrant_d on TabWarrant(Datee)",
     // Covers the list that drops down while a good is typed.
     "create index TabWare_type on TabWare(TypeCode,Code,Name,Spec,ZJF,Unite)",
+    // Covers the list of the goods picker.
+    "create index TabWare_list on TabWare(Code,Name,Spec,Unite,ZJF,TypeCode)",
     "create index TabWare_tx on TabWare(TiaoXingCode)",
     "create index TabPrint_t on TabPrintMSHSet(TabName,ColOrder)",
     "create index TabImg_b on TabImg(BillCode)",
@@ -65,7 +74,8 @@ QString ColumnDefinition(const SchemaColumn& column)
     case ColumnType::Number:
     case ColumnType::Money:
     case ColumnType::Integer:
-        return QString("%1 %2 check(typeof(%1) in ('real','integer','null'))")
+        // Two comparisons: a list would cost a temporary table for each column of each insert.
+        return QString("%1 %2 check(typeof(%1)<>'text' and typeof(%1)<>'blob')")
             .arg(column.name, column.type == ColumnType::Integer ? "integer" : "real");
     case ColumnType::Blob:
         return QString("%1 blob").arg(column.name);

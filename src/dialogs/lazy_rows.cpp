@@ -118,6 +118,7 @@ void LazyRows::fetchMore(const QModelIndex& parent)
 /// A failed statement ends the list: it has been shown and is not run again at every scroll.
 Recordset LazyRows::Fetch(const Sql& page)
 {
+    m_complete = true; // also while its box is open over the list
     Recordset rows = OpenQuery(m_program, page);
     m_complete = rows.size() < kPageRows;
     return rows;

@@ -21,11 +21,11 @@ struct Movement
     const char* tables;    // in the order of the statement
     const char* head;      // names the warehouse
     const char* line;      // names the good, its amount and money, day and dimensions
-    Moves moves;           // ValueOnly: money without an amount
     const char* money;     // column of the line's money; null where money is the amount at a unit cost
     const char* unitCost;  // column of the line's unit cost, likewise
     const char* warehouse; // column of the head
     const char* state;     // table whose row must be in force
+    Moves moves;           // ValueOnly: money without an amount
     bool dayInflow;
 };
 
@@ -35,35 +35,35 @@ constexpr const char* kNone = nullptr;
 // clang-format off
 constexpr Movement kMovements[] = {
     {"TabInBill,TabInBillInf,TabWare,TabWarehouseType", "TabInBill", "TabInBillInf",
-     In, "Moneyy_Discount", kNone, "WarehouseCode", "TabInBill", true},
+     "Moneyy_Discount", kNone, "WarehouseCode", "TabInBill", In, true},
     {"TabInCancleBillInf,TabInCancleBill,TabWare,TabWarehouseType", "TabInCancleBill", "TabInCancleBillInf",
-     Out, "Moneyy_Discount", kNone, "WarehouseCode", "TabInCancleBill", true},
+     "Moneyy_Discount", kNone, "WarehouseCode", "TabInCancleBill", Out, true},
     {"TabElseInBill,TabElseInBillInf,TabWare,TabWarehouseType", "TabElseInBill", "TabElseInBillInf",
-     In, "Moneyy_Discount", kNone, "WarehouseCode", "TabElseInBill", true},
+     "Moneyy_Discount", kNone, "WarehouseCode", "TabElseInBill", In, true},
     {"TabOutBill,TabOutBillInf,TabWare,TabWarehouseType", "TabOutBill", "TabOutBillInf",
-     Out, kNone, "Cost", "WarehouseCode", "TabOutBill", false},
+     kNone, "Cost", "WarehouseCode", "TabOutBill", Out, false},
     {"TabOutCancleBill,TabOutCancleBillInf,TabWare,TabWarehouseType", "TabOutCancleBill", "TabOutCancleBillInf",
-     In, kNone, "Cost", "WarehouseCode", "TabOutCancleBill", false},
+     kNone, "Cost", "WarehouseCode", "TabOutCancleBill", In, false},
     {"TabElseOutBill,TabElseOutBillInf,TabWare,TabWarehouseType", "TabElseOutBill", "TabElseOutBillInf",
-     Out, kNone, "Cost", "WarehouseCode", "TabElseOutBill", false},
+     kNone, "Cost", "WarehouseCode", "TabElseOutBill", Out, false},
     {"TabSamePriceMove,TabSamePriceMoveInf,TabWare,TabWarehouseType", "TabSamePriceMove", "TabSamePriceMoveInf",
-     Out, kNone, "AveragePrice", "WarehouseCodeF", "TabSamePriceMoveInf", false},
+     kNone, "AveragePrice", "WarehouseCodeF", "TabSamePriceMoveInf", Out, false},
     {"TabSamePriceMove,TabSamePriceMoveInf,TabWare,TabWarehouseType", "TabSamePriceMove", "TabSamePriceMoveInf",
-     In, kNone, "AveragePrice", "WarehouseCodeS", "TabSamePriceMoveInf", false},
+     kNone, "AveragePrice", "WarehouseCodeS", "TabSamePriceMoveInf", In, false},
     {"TabChangePrice,TabChangePriceInf,TabWare,TabWarehouseType", "TabChangePrice", "TabChangePriceInf",
-     ValueOnly, "MoneyBanlance", kNone, "WarehouseCode", "TabChangePriceInf", true},
+     "MoneyBanlance", kNone, "WarehouseCode", "TabChangePriceInf", ValueOnly, true},
     {"TabCheckLose,TabCheckLoseInf,TabWare,TabWarehouseType", "TabCheckLose", "TabCheckLoseInf",
-     Out, kNone, "AveragePrice", "WarehouseCode", "TabCheckLoseInf", false},
+     kNone, "AveragePrice", "WarehouseCode", "TabCheckLoseInf", Out, false},
     {"TabCheckOver,TabCheckOverInf,TabWare,TabWarehouseType", "TabCheckOver", "TabCheckOverInf",
-     In, kNone, "AveragePrice", "WarehouseCode", "TabCheckOverInf", false},
+     kNone, "AveragePrice", "WarehouseCode", "TabCheckOverInf", In, false},
     {"TabWareGroup,TabWareGroupInf,TabWare,TabWarehouseType", "TabWareGroup", "TabWareGroupInf",
-     Out, "Moneyy", kNone, "WarehouseCodeF", "TabWareGroupInf", false},
+     "Moneyy", kNone, "WarehouseCodeF", "TabWareGroupInf", Out, false},
     {"TabWareGroup,TabWare,TabWarehouseType", "TabWareGroup", "TabWareGroup",
-     In, "SumMoney", kNone, "WarehouseCodeS", "TabWareGroup", true},
+     "SumMoney", kNone, "WarehouseCodeS", "TabWareGroup", In, true},
     {"TabWarePiece,TabWarePieceInf,TabWare,TabWarehouseType", "TabWarePiece", "TabWarePieceInf",
-     In, "Moneyy", kNone, "WarehouseCodeS", "TabWarePieceInf", true},
+     "Moneyy", kNone, "WarehouseCodeS", "TabWarePieceInf", In, true},
     {"TabWarePiece,TabWare,TabWarehouseType", "TabWarePiece", "TabWarePiece",
-     Out, "SumMoney", kNone, "WarehouseCodeF", "TabWarePiece", false},
+     "SumMoney", kNone, "WarehouseCodeF", "TabWarePiece", Out, false},
 };
 // clang-format on
 
