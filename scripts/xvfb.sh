@@ -2,7 +2,7 @@
 start_xvfb() {
     local answer
     answer=$(mktemp)
-    Xvfb -displayfd 5 -screen 0 1366x768x24 -nolisten tcp 5>"$answer" 2>/dev/null &
+    Xvfb -displayfd 5 -screen 0 1366x768x24 -nolisten tcp -noreset 5>"$answer" 2>/dev/null &
     XVFB_PID=$!
     for _ in $(seq 100); do
         [ -s "$answer" ] && break

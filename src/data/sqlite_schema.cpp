@@ -26,17 +26,28 @@ constexpr BillIndex kBillIndexes[] = {
     {"TabWarePiece", "WarehouseCodeF,WarehouseCodeS", "Moneyy", ",AveragePrice"},
 };
 
+/// Rows that store a cost of a good.
+struct CostIndex
+{
+    const char* table;
+    const char* columns; // the cost, and what else its questions read
+};
+
+constexpr CostIndex kCostIndexes[] = {
+    {"TabInBillInf", "AveragePrice"},
+    {"TabInCancleBillInf", "AveragePrice"},
+    {"TabElseInBillInf", "AveragePrice,BillCode"},
+    {"TabChangePriceInf", "lastAveragePrice,BillCode,Moneyy"},
+    {"TabWareGroup", "AveragePrice"},
+    {"TabWarePieceInf", "AveragePrice"},
+};
+
 constexpr const char* kOtherIndexes[] = {
-    "create index TabWareGroup_ware on TabWareGroup(WareCode,Datee)",
-    "create index TabWarePiece_ware on TabWarePiece(WareCode,Datee)",
-    // The newest cost of a good is the first row here, whatever its number of lines.
-    "create index TabInBillInf_cost on TabInBillInf(WareCode,DateTimee,Datee,State,AveragePrice)",
-    "create index TabInCancleBillInf_cost on TabInCancleBillInf(WareCode,DateTimee,Datee,State,AveragePrice)",
-    "create index TabElseInBillInf_cost on TabElseInBillInf(WareCode,DateTimee,Datee,State,AveragePrice,BillCode)",
-    "create index TabChangePriceInf_cost on "
-    "TabChangePriceInf(WareCode,DateTimee,Datee,State,lastAveragePrice,BillCode,Moneyy)",
-    "create index TabWareGroup_cost on TabWareGroup(WareCode,DateTimee,Datee,State,AveragePrice)",
-    "create index TabWarePieceInf_cost on TabWarePieceInf(WareCode,DateTimee,Datee,State,AveragePrice)",
+    // Of these two the head is a line as well.
+    "create index TabWareGroup_ware on "
+    "TabWareGroup(WareCode,Datee,UnionAmount,SumMoney,State,WarehouseCodeS,DateTimee,AveragePrice,MoneyRate)",
+    "create index TabWarePiece_ware on "
+    "TabWarePiece(WareCode,Datee,UnionAmount,SumMoney,State,WarehouseCodeF,MoneyRate)",
     "create index TabWarehouseTurn_w on "
     "TabWarehouseTurn(WareCode,Datee,Num,WarehouseCode,Amount,Cost,MoneyRate,AveragePrice)",
     "create index TabTurn_d on TabTurn(Datee)",
@@ -93,16 +104,28 @@ QString CreateTable(const SchemaTable& table)
     return QString("create table %1(%2)").arg(table.name, parts.join(", "));
 }
 
+/// The newest cost of a good is the first row here, whatever its number of lines and whatever dimension limits them: a
+/// condition on a column that is not here would make it sort all of them.
+QString IndexOfCosts(const CostIndex& index)
+{
+    return QString("create index %1_cost on %1(WareCode,DateTimee,Datee,State,%2,"
+                   "WareSpec,AttributeCode,PCode,Manufacturer,Brand,Auditing,MoneyName)")
+        .arg(index.table, index.columns);
+}
+
 QStringList IndexesOfBill(const BillIndex& bill)
 {
     const QString table = bill.table;
-    return {
+    QStringList statements = {
         QString("create index %1Inf_ware on %1Inf(WareCode,Datee,BillCode,UnionAmount,%2,State,DateTimee%3,MoneyRate)")
             .arg(table, bill.value, bill.cost),
         QString("create index %1Inf_bill on %1Inf(BillCode,Num)").arg(table),
-        QString("create index %1_wh on %1(Code,%2,State,Datee)").arg(table, bill.warehouses),
         QString("create index %1_day on %1(Datee,Code)").arg(table),
     };
+    // The balance of one warehouse looks the head of every line up: the heads of a warehouse lie close together.
+    for (const QString& warehouse : QString(bill.warehouses).split(','))
+        statements += QString("create index %1_%2 on %1(%2,Code,State)").arg(table, warehouse);
+    return statements;
 }
 } // namespace
 
@@ -113,6 +136,8 @@ QStringList SqliteSchema()
         statements += CreateTable(table);
     for (const BillIndex& bill : kBillIndexes)
         statements += IndexesOfBill(bill);
+    for (const CostIndex& index : kCostIndexes)
+        statements += IndexOfCosts(index);
     for (const char* index : kOtherIndexes)
         statements += index;
     return statements;

@@ -25,7 +25,9 @@ constexpr KnownFailure kKnownFailures[] = {
 SqliteHandle OpenHandle(const QString& path, int flags)
 {
     sqlite3* opened = nullptr;
-    const int code = sqlite3_open_v2(QFile::encodeName(path).constData(), &opened, flags, nullptr);
+    // One thread uses a database: no call needs a lock.
+    const int code =
+        sqlite3_open_v2(QFile::encodeName(path).constData(), &opened, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     SqliteHandle database(opened);
     if (code != SQLITE_OK)
         throw ErrorOf(opened, path);

@@ -1,6 +1,7 @@
 #include "database/sqlite_store.h"
 
 #include "database/sqlite_handle.h"
+#include "database/sqlite_nocase.h"
 #include "database/sqlite_sum.h"
 #include "database/statement_mapping.h"
 
@@ -54,6 +55,7 @@ private:
 SqliteStore::SqliteStore(QString path, SqliteHandle database) : m_path(std::move(path)), m_database(std::move(database))
 {
     RegisterExactSum(m_database.get());
+    RegisterNoCase(m_database.get());
     RunWords(kPragmas);
 }
 

@@ -1,0 +1,20 @@
+#pragma once
+
+// The table of figures: what was measured, its floor, and the target that it is held to.
+
+#include <benchmark/benchmark.h>
+#include <functional>
+#include <optional>
+
+struct Figure
+{
+    const char* name;
+    double target;                               // times the floor, or milliseconds
+    bool inFloors;                               // what the target counts in
+    std::function<void(benchmark::State&)> work; // measured
+    std::function<void(benchmark::State&)> floor;
+};
+
+/// Measures all of them, work and floor by turns, and prints a Markdown table. Takes the options of the benchmark
+/// library.
+int MeasureFigures(const std::vector<Figure>& figures, int argc, char** argv);

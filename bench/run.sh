@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# Builds as released, takes all figures on a large account set, and prints them as one Markdown table. The set is made
+# once into the build folder (delete it after a change of tables or indexes); WAREHOUSE_BENCH_SET names another file.
+# Options go to the benchmark program.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/install.sh
+build=$PWD/build/release
+export WAREHOUSE_BENCH_SET=${WAREHOUSE_BENCH_SET:-$build/bench/set.db}
+
+mkdir -p build
+cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DWAREHOUSE_BENCH=ON >"$build.log" 2>&1 ||
+    { cat "$build.log" >&2; exit 1; }
+cmake --build "$build" --target core_bench WHMO acctset >&2
+missed=0
+"$build/bench/core_bench" "$@" 2>"$build/bench/core_bench.log" || missed=1
+bench/start.sh "$build" "$WAREHOUSE_BENCH_SET"
+exit $missed
