@@ -10,18 +10,33 @@ namespace {
 
 bool Refuse(Program& program, const QString& text)
 {
-    program.prompt.Inform(text);
+    Inform(program, text);
     return false;
 }
 
-/// Statements that take effect together. False when none did; the reason has been shown.
+bool IsPieces(const BillText& bill)
+{
+    return bill.kind->lines == LineShape::Pieces;
+}
+
+void RunAll(Program& program, const std::vector<Sql>& statements)
+{
+    for (const Sql& statement : statements)
+        OpenQuery(program, statement);
+}
+
+/// Statements that take effect together, with the save that they belong to where one is under way. False when none
+/// did; the reason has been shown.
 bool RunTogether(Program& program, const std::vector<Sql>& statements)
 {
+    if (program.unitOpen) {
+        RunAll(program, statements);
+        return true;
+    }
     SaveUnit unit(program);
     if (!unit.isOpen())
         return false;
-    for (const Sql& statement : statements)
-        OpenQuery(program, statement);
+    RunAll(program, statements);
     return unit.Commit();
 }
 
@@ -48,7 +63,7 @@ bool MayMark(Program& program, const BillText& bill, bool audit)
 
 void Mark(Program& program, BillText& bill, bool audit)
 {
-    if (!CheckOperateRight(program, program.parameters.UserName, bill.kind->operation, Action::Audit))
+    if (!CheckOperateRight(program, program.parameters.UserName, bill.kind->rights, Action::Audit))
         return;
     if (SetAuditMark(program, bill, audit))
         RefreshWindowState(program, bill);
@@ -93,18 +108,30 @@ bool IsPosted(const Recordset& vouchers)
     return false;
 }
 
+/// An assembly stays on the screen as it is; any other bill is read again.
+void ShowVoided(Program& program, BillText& bill)
+{
+    if (!IsPieces(bill)) {
+        FillBill(program, bill, bill.kind->headTable, bill.TxtBillCode.trimmed());
+        return;
+    }
+    bill.LabState = "作废";
+    RefreshWindowState(program, bill);
+    bill.SetEnabled(Command::Print, false);
+}
+
 void VoidRows(Program& program, BillText& bill)
 {
     const Recordset head = OpenQuery(program, Sql("select Code from ") + Name(bill.kind->headTable) +
                                                   " where Code=" + bill.TxtBillCode.trimmed());
     if (head.isEmpty()) {
-        program.prompt.Inform("单编号不存在，作废失败！");
+        program.prompt.Inform(IsPieces(bill) ? "单据编号不存在，禁止作废！" : "单编号不存在，作废失败！");
         return;
     }
     if (!RunTogether(program, SetOnBill(bill, "State", "作废")))
         return;
+    ShowVoided(program, bill);
     program.prompt.Inform("作废成功！");
-    FillBill(program, bill, bill.kind->headTable, bill.TxtBillCode.trimmed());
 }
 
 /// Everything that hangs on a bill. The lines of a 异价调拨单 are looked for in its head table, which has no such
@@ -164,7 +191,7 @@ void VoidBill(Program& program, BillText& bill)
 
 void FDelete(Program& program, BillText& bill)
 {
-    if (!CheckOperateRight(program, program.parameters.UserName, bill.kind->operation, Action::Delete))
+    if (!CheckOperateRight(program, program.parameters.UserName, bill.kind->rights, Action::Delete))
         return;
     if (IsDayClosed(program, bill.DTPDate, true))
         return;

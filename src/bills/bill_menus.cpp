@@ -41,12 +41,17 @@ QMenu* AddMenu(QMenu* parent, const QString& name, const QString& caption)
     return menu;
 }
 
+QAction* AddEntry(QMainWindow& window, QMenu* menu, const QString& name, const QString& caption)
+{
+    QAction* const action = NewAction(window, name, caption);
+    menu->addAction(action);
+    return action;
+}
+
 /// An entry whose work is not there yet.
 void AddIdle(QMainWindow& window, QMenu* menu, const QString& name, const QString& caption)
 {
-    QAction* const action = NewAction(window, name, caption);
-    action->setEnabled(false);
-    menu->addAction(action);
+    AddEntry(window, menu, name, caption)->setEnabled(false);
 }
 
 void AddKeyEntry(QMainWindow& window, QMenu* menu, const BillKey& key)
@@ -54,6 +59,22 @@ void AddKeyEntry(QMainWindow& window, QMenu* menu, const BillKey& key)
     QAction* const entry = NewAction(window, key.menuEntry, key.tip);
     QObject::connect(entry, &QAction::triggered, window.findChild<QAction*>(key.control), &QAction::trigger);
     menu->addAction(entry);
+}
+
+/// @param before  the key in front of which it stands; null for the end
+QAction* AddKey(QMainWindow& window, QToolBar& toolbar, const BillKey& key, QAction* before)
+{
+    QAction* const action = NewAction(window, key.control, key.caption);
+    const QString shortcut = key.shortcut;
+    action->setIcon(ToolbarIcon(QString(key.control)));
+    action->setToolTip(shortcut.isEmpty() ? QString(key.tip) : QString(key.tip) + " (" + shortcut + ")");
+    action->setShortcut(QKeySequence(shortcut));
+    toolbar.insertAction(before, action);
+    auto* const button = qobject_cast<QToolButton*>(toolbar.widgetForAction(action));
+    button->setObjectName(key.control);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setMinimumWidth(window.fontMetrics().horizontalAdvance("反审核") + 18);
+    return action;
 }
 
 void AddPrintFormats(QMainWindow& window, QMenu* menu, const QString& prefix)
@@ -86,16 +107,16 @@ const std::vector<BillKey>& BillKeys()
     static const std::vector<BillKey> keys = {
         {"ToolBuild", "新建", "新建", "Ctrl+N", "FBuild", {}, &C::build, false},
         {"ToolSave", "保存", "保存", "Ctrl+S", "FSave", Command::Save, nullptr, false},
-        {"ToolAuditing", "审核", "审核", "", nullptr, Command::Audit, &C::audit, true},
-        {"ToolUnAuditing", "反审核", "反审核", "", nullptr, Command::UnAudit, &C::unAudit, false},
-        {"ToolDelete", "删除", "删除单据", "", "FDelete", Command::Delete, &C::remove, true},
+        {"ToolAuditing", "审核", "审核", "F7", nullptr, Command::Audit, &C::audit, true},
+        {"ToolUnAuditing", "反审核", "反审核", "F8", nullptr, Command::UnAudit, &C::unAudit, false},
+        {"ToolDelete", "删除", "删除单据", "F12", "FDelete", Command::Delete, &C::remove, true},
         {"ToolInsertRow", "插入行", "插入行", "Ctrl+Ins", nullptr, Command::InsertRow, &C::insertRow, true},
         {"ToolDeleteRow", "删除行", "删除行", "Ctrl+Del", nullptr, Command::DeleteRow, &C::deleteRow, false},
-        {"ToolRedWord", "作废", "作废", "", nullptr, Command::Void, &C::redWord, true},
+        {"ToolRedWord", "作废", "作废", "F9", nullptr, Command::Void, &C::redWord, true},
         {"ToolPrint", "打印", "打印", "", nullptr, Command::Print, nullptr, true},
         {"ToolIn", "导入", "导入", "", nullptr, Command::Import, nullptr, true, false},
-        {"ToolPos", "扫描", "扫描", "", nullptr, Command::Scan, nullptr, false, false},
-        {"ToolImg", "图文", "图文", "", nullptr, {}, nullptr, false, false},
+        {"ToolPos", "扫描", "扫描", "F6", nullptr, Command::Scan, nullptr, false},
+        {"ToolImg", "图文", "图文", "F11", nullptr, {}, nullptr, false},
         {"ToolBefore", "前单", "前单", "Ctrl+PgUp", nullptr, {}, &C::before, true},
         {"ToolBack", "后单", "后单", "Ctrl+PgDown", nullptr, {}, &C::back, false},
         {"ToolExit", "退出", "退出", "Ctrl+Q", "FExit", {}, nullptr, true},
@@ -110,23 +131,25 @@ void MakeBillToolbar(QMainWindow& window)
     toolbar->setMovable(false);
     toolbar->setContextMenuPolicy(Qt::PreventContextMenu);
     toolbar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    const QFontMetrics letters = window.fontMetrics();
-    const int icon = std::max(22, letters.height() * 3 / 2);
+    const int icon = std::max(22, window.fontMetrics().height() * 3 / 2);
     toolbar->setIconSize(QSize(icon, icon));
     for (const BillKey& key : BillKeys()) {
         if (key.opensGroup)
             toolbar->addSeparator();
-        QAction* const action = NewAction(window, key.control, key.caption);
-        const QString shortcut = key.shortcut;
-        action->setIcon(ToolbarIcon(QString(key.control)));
-        action->setToolTip(shortcut.isEmpty() ? QString(key.tip) : QString(key.tip) + " (" + shortcut + ")");
-        action->setShortcut(QKeySequence(shortcut));
-        toolbar->addAction(action);
-        auto* const button = qobject_cast<QToolButton*>(toolbar->widgetForAction(action));
-        button->setObjectName(key.control);
-        button->setFocusPolicy(Qt::NoFocus);
-        button->setMinimumWidth(letters.horizontalAdvance("反审核") + 18);
+        AddKey(window, *toolbar, key, nullptr);
     }
+}
+
+QAction* InsertBillKey(QMainWindow& window, const BillKey& key, const char* before)
+{
+    return AddKey(window, *window.findChild<QToolBar*>("Toolbar1"), key, window.findChild<QAction*>(before));
+}
+
+QAction* InsertFileEntry(QMainWindow& window, const char* name, const QString& caption)
+{
+    QAction* const entry = NewAction(window, name, caption);
+    window.findChild<QMenu*>("File")->insertAction(window.findChild<QAction*>("FJXCAccount"), entry);
+    return entry;
 }
 
 void MakeBillMenus(QMainWindow& window)
@@ -139,13 +162,13 @@ void MakeBillMenus(QMainWindow& window)
             AddKeyEntry(window, file, key);
     }
     file->addSeparator();
-    AddIdle(window, file, "FJXCAccount", "自动生成会计凭证对应科目设置");
+    AddEntry(window, file, "FJXCAccount", "自动生成会计凭证对应科目设置");
     QMenu* const printSet = AddMenu(file, "FPrintSet", "打印设置");
     AddPrintFormats(window, printSet, "MPrintSet_");
     AddIdle(window, printSet, "MPrintSet_Excel_D", "Excel格式");
     file->addSeparator();
-    AddIdle(window, file, "MMSHFormat", "界面列表格式设置");
-    AddIdle(window, file, "FDeleteMSHFormat", "删除界面列表格式");
+    AddEntry(window, file, "MMSHFormat", "界面列表格式设置");
+    AddEntry(window, file, "FDeleteMSHFormat", "删除界面列表格式");
     QMenu* const toExcel = AddMenu(file, "FExcle", "导出至Excel文件...");
     AddIdle(window, toExcel, "FExcle_PT", "普通格式");
     AddMenu(toExcel, "FIntoExcel", "设置的格式");

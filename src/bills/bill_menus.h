@@ -7,6 +7,7 @@
 
 #include <optional>
 
+class QAction;
 class QMainWindow;
 class QMenu;
 
@@ -15,6 +16,7 @@ struct BillCommands
 {
     using Rule = void (*)(Program&, BillText&);
 
+    bool (*isHeadReady)(Program&, BillText&) = nullptr; // for lines from elsewhere; a refusal has been said
     Rule build = nullptr;
     Posting (*save)(Program&, BillText&) = nullptr;
     Rule audit = nullptr;
@@ -46,5 +48,9 @@ const std::vector<BillKey>& BillKeys();
 void MakeBillToolbar(QMainWindow& window);
 /// The menus File and MPrint; an entry of a key's command triggers the key. Every entry bears its name.
 void MakeBillMenus(QMainWindow& window);
+/// A key that only one window has, in front of another one; nothing hangs on it yet.
+QAction* InsertBillKey(QMainWindow& window, const BillKey& key, const char* before);
+/// An entry of the menu File that only one window has; nothing hangs on it yet.
+QAction* InsertFileEntry(QMainWindow& window, const char* name, const QString& caption);
 /// The names of Excel templates in the three menus that list them; a placeholder for none.
 void FillTemplateMenus(QMainWindow& window, const QStringList& names);

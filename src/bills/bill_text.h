@@ -24,11 +24,34 @@ enum class Command
     Print,
     Import,
     Scan,
+    Pattern,    // an earlier assembly called in
+    SwitchMode, // assembly or disassembly
     Count,
 };
 
+class Recordset;
+struct Program;
+
 struct BillText
 {
+    BillText() = default;
+    BillText(const BillText&) = default;
+    BillText& operator=(const BillText&) = default;
+    virtual ~BillText() = default;
+
+    // What a bill with more on its head does on its own at the shared steps.
+
+    /// Empties its own head fields.
+    virtual void ClearOwn() {}
+    /// Shows its own head fields from the row of a saved bill, and what is set whenever one is shown.
+    virtual void ShowOwn(Program&, const Recordset&) {}
+    /// Whether the head is ready for its lines; otherwise the user has been told.
+    virtual bool MayEnterGoods(Program& program) const;
+    /// Its head follows the figures of its lines.
+    virtual void LinesChanged(const Program&) {}
+    /// What the money of a line is multiplied by when one of its cells is committed.
+    virtual double MoneyFactor(int) const { return 1; }
+
     const BillKind* kind = nullptr; // of LabBillName
 
     QString LabBillName;
@@ -48,9 +71,9 @@ struct BillText
     QString TxtOperator;
     QString TxtAuditing;
     QString LabAuditing; // 已审核, 未审核, empty when hidden
-    QString LabState;    // 作废 when shown, empty when hidden
+    QString LabState;    // 作废, on an assembly 正常 as well, empty when hidden
     QString LabTotalAmount;
-    QString LabTotalMoney;
+    QString LabTotalMoney; // LabOperateMoney of an assembly
     bool ChAutoAdd = false;
     bool ChAutoAuditing = false;
 
@@ -62,8 +85,11 @@ struct BillText
     std::bitset<static_cast<size_t>(Command::Count)> enabled;
 
     QString NavTableName;
-    QStringList navigation; // codes of the month's bills, by day and code
-    int navigationIndex = 0;
+    QStringList navigation;   // codes of the month's bills, by day and code
+    int navigationIndex = -1; // of the one stood on; -1 for none
+
+    /// The layout of the line grid is kept under this key.
+    QString LayoutKey() const;
 
     bool isEnabled(Command command) const { return enabled.test(static_cast<size_t>(command)); }
     void SetEnabled(Command command, bool on) { enabled.set(static_cast<size_t>(command), on); }

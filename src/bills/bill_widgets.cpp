@@ -3,6 +3,7 @@
 #include "bills/toolbar_icons.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QToolButton>
@@ -40,6 +41,16 @@ QLabel* NewLabel(const char* name, const QString& text)
     return label;
 }
 
+QComboBox* NewChoice(const char* name)
+{
+    auto* const choice = new QComboBox;
+    choice->setObjectName(name);
+    QPalette colours = choice->palette();
+    colours.setColor(QPalette::Disabled, QPalette::ButtonText, colours.color(QPalette::Disabled, QPalette::Text));
+    choice->setPalette(colours);
+    return choice;
+}
+
 QWidget* MakeCell(QLabel* caption, QWidget* editor, const char* buttonName)
 {
     auto* const cell = new QWidget;
@@ -50,6 +61,7 @@ QWidget* MakeCell(QLabel* caption, QWidget* editor, const char* buttonName)
     layout->setSpacing(6);
     caption->setMinimumWidth(caption->fontMetrics().horizontalAdvance(kWidestCaption));
     caption->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    caption->setBuddy(editor);
     layout->addWidget(caption);
     layout->addWidget(editor, 1);
     editor->setMinimumHeight(editor->fontMetrics().height() + kBoxRoom);

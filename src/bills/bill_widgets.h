@@ -4,10 +4,12 @@
 
 #include <QLabel>
 
-class QLineEdit;
+class QComboBox;
 
 /// A label with a name.
 QLabel* NewLabel(const char* name, const QString& text);
+/// A list to choose from, which reads as well while it is locked.
+QComboBox* NewChoice(const char* name);
 /// A caption and its editor side by side. With the name of a button, one to pick from stands behind the editor.
 QWidget* MakeCell(QLabel* caption, QWidget* editor, const char* buttonName = nullptr);
 

@@ -1,12 +1,26 @@
 #include "bills/bill_window.h"
 
+#include "base/number_text.h"
 #include "bills/bill_widgets.h"
 #include "bills/grid_view.h"
+#include "bills/lifecycle.h"
+#include "bills/line_columns.h"
+#include "bills/paste.h"
+#include "bills/recall.h"
+#include "data/rights.h"
+#include "dialogs/bill_images.h"
+#include "dialogs/frmBillPos.h"
+#include "dialogs/frmCode.h"
+#include "dialogs/frmOption_Bill.h"
+#include "dialogs/frmWarehouseSelect.h"
+#include "handover/launcher.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDateEdit>
+#include <QHeaderView>
 #include <QIntValidator>
 #include <QLineEdit>
 #include <QMenu>
@@ -72,8 +86,9 @@ void BillWindow::Build(QWidget* head)
     setCentralWidget(body);
 
     m_editors = new CellEditors(m_program, m_bill, *m_grid, body);
+    connect(m_grid, &GridView::ColumnDrawn, this, [this](int column, int twips) { m_drawn[column] = twips; });
     connect(m_editors, &CellEditors::Changed, this, [this] { ShowBill(); });
-    connect(m_editors, &CellEditors::PickerAsked, this, &BillWindow::OpenPicker);
+    connect(m_editors, &CellEditors::PickerAsked, this, &BillWindow::PickForLine);
     m_loading = NewLabel("LoadingPic", "数据读写中,请稍等.....");
     m_loading->setParent(body);
     m_loading->setMargin(2 * kMargin);
@@ -90,8 +105,28 @@ void BillWindow::ConnectKeys()
             connect(findChild<QAction*>(key.control), &QAction::triggered, this,
                     [this, rule = m_commands.*key.rule] { Run(rule); });
     }
-    connect(findChild<QAction*>("ToolSave"), &QAction::triggered, this, &BillWindow::Save);
+    ConnectOwnCommands();
     connect(findChild<QAction*>("ToolExit"), &QAction::triggered, this, &QWidget::close);
+}
+
+/// What is more than a rule on the bill.
+void BillWindow::ConnectOwnCommands()
+{
+    struct OwnCommand
+    {
+        const char* control;
+        void (BillWindow::*run)();
+    };
+    constexpr OwnCommand kOwn[] = {
+        {"ToolSave", &BillWindow::Save},
+        {"ToolPos", &BillWindow::Scan},
+        {"ToolImg", &BillWindow::OpenImages},
+        {"FJXCAccount", &BillWindow::OpenAccountSettings},
+        {"MMSHFormat", &BillWindow::FormatColumns},
+        {"FDeleteMSHFormat", &BillWindow::DeleteFormat},
+    };
+    for (const OwnCommand& command : kOwn)
+        connect(findChild<QAction*>(command.control), &QAction::triggered, this, command.run);
 }
 
 QWidget* BillWindow::MakeCaptionBand()
@@ -190,18 +225,6 @@ void BillWindow::AddFreeze(QBoxLayout* foot)
     foot->addWidget(new QLabel("列"));
 }
 
-QLineEdit* BillWindow::MakeBox(const char* control, QString& text, bool isTyped)
-{
-    auto* const box = new QLineEdit;
-    box->setObjectName(control);
-    Bind(box, text);
-    if (isTyped)
-        connect(box, &QLineEdit::textEdited, this, [&text](const QString& typed) { text = typed; });
-    else
-        box->setEnabled(false);
-    return box;
-}
-
 void BillWindow::Bind(QWidget* widget, QString& text)
 {
     m_bindings.push_back({widget, &text});
@@ -209,14 +232,25 @@ void BillWindow::Bind(QWidget* widget, QString& text)
 
 void BillWindow::ShowBill()
 {
+    const QSignalBlocker quiet(findChild<QComboBox*>("TxtMoneyName"));
+    findChild<QDateEdit*>("DTPDate")->setDate(m_bill.DTPDate);
     for (const Binding& binding : m_bindings)
         ShowText(binding.widget, *binding.text);
     m_grid->SetLocked(!m_bill.entryEnabled);
+    RestoreWidths();
     m_grid->Sync();
     ShowTotals();
     ShowCommands();
     const QString code = m_bill.TxtBillCode.trimmed();
     setWindowTitle(code.isEmpty() ? m_bill.LabBillName : m_bill.LabBillName + " " + code);
+}
+
+void BillWindow::FillBill(const QString& tableName, const QString& billCode)
+{
+    ::FillBill(m_program, m_bill, tableName, billCode);
+    OpenNavigation(m_program, m_bill);
+    ShowBill();
+    m_grid->setFocus();
 }
 
 void BillWindow::ShowTotals()
@@ -235,6 +269,11 @@ void BillWindow::ShowCommands()
             findChild<QAction*>(key.menuEntry)->setEnabled(on);
     }
     findChild<QMenu*>("MPrint")->menuAction()->setEnabled(m_bill.isEnabled(Command::Print));
+}
+
+void BillWindow::HideEditors()
+{
+    m_editors->Hide();
 }
 
 void BillWindow::Run(BillCommands::Rule rule)
@@ -265,14 +304,102 @@ void BillWindow::Save()
         m_editors->ShowCellEditor();
 }
 
-void BillWindow::OpenPicker(const PickerNeeded&)
+std::optional<PickedRow> BillWindow::OpenPicker(const PickerNeeded& picker)
 {
-    // Pickers are still to come; the focus stays where the choice was asked for.
+    if (FindPickerList(picker.table))
+        return frmCode::Pick(m_program, picker.table, picker.query, picker.title, this);
+    return frmWarehouseSelect::Pick(m_program, picker.table, {.codes = picker.query}, picker.title, this);
 }
 
-void BillWindow::GoOn()
+/// A good or an attribute for the current line; the clerk then stands where entering goes on.
+void BillWindow::PickForLine(const PickerNeeded& picker)
 {
-    focusNextChild();
+    const bool isGood = IsGoodsColumn(m_bill);
+    const std::optional<PickedRow> picked = OpenPicker(picker);
+    m_grid->setFocus();
+    if (picked) {
+        (isGood ? ChooseGood : ChooseAttribute)(m_program, m_bill, picked->Code);
+        ShowBill();
+    }
+    if (isGood)
+        m_editors->ShowCellEditor();
+    else if (picked)
+        m_grid->MoveBy(1, 0);
+}
+
+void BillWindow::Scan()
+{
+    if (!m_commands.isHeadReady(m_program, m_bill))
+        return;
+    m_editors->Hide();
+    const ScannedBill scanned{
+        [this](const QString& code) {
+            const std::optional<double> price = PosInPrice(m_program, m_bill, code);
+            return price ? NumberText(*price) : QString();
+        },
+        [this](const QString& code, double amount, double) {
+            PosInBill(m_program, m_bill, code, amount);
+            m_bill.MSH.currentRow = std::max(1, m_bill.MSH.lastRow() - 1); // in sight behind the window
+            ShowBill();
+        },
+    };
+    frmBillPos::Open(m_program, scanned, this);
+}
+
+void BillWindow::OpenImages()
+{
+    OpenBillImages(m_program, m_bill.TxtBillCode, m_bill.LabBillName);
+}
+
+void BillWindow::OpenAccountSettings()
+{
+    const QString function = "自动生成会计凭证对应科目设置";
+    if (CheckOperateRight(m_program, m_program.parameters.UserName, function, Action::Edit))
+        LaunchFunction(m_program, function, {function, m_bill.LabBillName});
+}
+
+void BillWindow::FormatColumns()
+{
+    if (!MayFormatGrids(m_program))
+        return;
+    m_editors->Hide();
+    frmOption_Bill::Open(
+        m_program, m_grid->Format(), m_bill.LayoutKey(),
+        [this](int column, const ColumnFormat& changed) { FormatColumn(column, changed); }, this);
+}
+
+void BillWindow::FormatColumn(int column, const ColumnFormat& format)
+{
+    m_grid->FormatColumn(column, format);
+    ColumnWidthsChanged(m_bill);
+    ShowBill();
+}
+
+/// Back to the default columns, with every line still there.
+void BillWindow::DeleteFormat()
+{
+    if (!DeleteGridFormat(m_program, m_bill.LayoutKey()))
+        return;
+    m_editors->Hide();
+    m_drawn.clear();
+    LayOutColumnsAgain(m_program, m_bill);
+    ShowBill();
+}
+
+/// Where no layout is saved, a column is as wide as the user last drew it on this machine.
+void BillWindow::RestoreWidths()
+{
+    if (m_drawnKey != m_bill.LayoutKey()) {
+        m_drawnKey = m_bill.LayoutKey();
+        m_drawn = RememberedWidths(m_program.parameters, m_drawnKey);
+    }
+    for (int index = 0; index < m_bill.MSH.columns(); ++index) {
+        LineGrid::Column& column = m_bill.MSH.column(index);
+        const auto drawn = m_drawn.find(index);
+        if (column.isDefault && column.width > 0 && drawn != m_drawn.end())
+            column.width = drawn->second;
+        column.isDefault = false;
+    }
 }
 
 bool BillWindow::event(QEvent* event)
@@ -285,8 +412,16 @@ bool BillWindow::event(QEvent* event)
     return QMainWindow::event(event);
 }
 
+void BillWindow::RestorePlace(const QSize& usual)
+{
+    resize(usual);
+    restoreGeometry(RememberedPlace(m_program.parameters, metaObject()->className()));
+}
+
 void BillWindow::closeEvent(QCloseEvent* event)
 {
+    RememberPlace(m_program.parameters, metaObject()->className(), saveGeometry());
+    RememberWidths(m_program.parameters, m_drawnKey, m_drawn);
     if (m_program.gConnection.State() == 1)
         m_program.gConnection.Close();
     QMainWindow::closeEvent(event);

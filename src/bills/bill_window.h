@@ -5,6 +5,9 @@
 
 #include "bills/bill_menus.h"
 #include "bills/cell_editors.h"
+#include "bills/head_fields.h"
+#include "dialogs/picker_lists.h"
+#include "dialogs/window_memory.h"
 
 #include <QMainWindow>
 #include <memory>
@@ -13,6 +16,7 @@ class GridView;
 class QBoxLayout;
 class QLabel;
 class QLineEdit;
+struct ColumnFormat;
 
 class BillWindow : public QMainWindow
 {
@@ -22,6 +26,8 @@ public:
     ~BillWindow() override;
 
     const BillText& bill() const { return m_bill; }
+    /// Loads a saved bill of a head table. Called before the window is shown.
+    void FillBill(const QString& tableName, const QString& billCode);
 
 protected:
     /// @param bill  what the window shows; a window with more on its head passes a record of its own kind
@@ -29,22 +35,35 @@ protected:
 
     /// Builds the window around its head. Called once, when the bill is loaded.
     void Build(QWidget* head);
+    /// Where the user last had a window of this class; `usual` before that.
+    void RestorePlace(const QSize& usual);
     /// A box that shows a text of the bill and, where it is typed, changes it.
-    QLineEdit* MakeBox(const char* control, QString& text, bool isTyped = true);
+    QLineEdit* MakeBox(const char* control, QString& text, bool isTyped);
+    /// A box of the head that every bill window may have, by its name.
+    QLineEdit* MakeHeadBox(const char* control);
+    /// The bill's day.
+    QWidget* MakeDate();
+    /// Currency and rate.
+    QWidget* MakeMoneyFrame();
     /// Lets an existing widget show a text of the bill.
     void Bind(QWidget* widget, QString& text);
 
     /// Puts the bill on the screen.
     virtual void ShowBill();
     virtual void FocusFirstField() = 0;
-    /// The one place where a choice is asked of the user.
-    void OpenPicker(const PickerNeeded& picker);
-    /// On to the next box, as the tab key goes.
-    void GoOn();
+    /// The one place where a choice is asked of the user. Unset when none was made.
+    std::optional<PickedRow> OpenPicker(const PickerNeeded& picker);
+    /// Enter in a box of the head: a beginning becomes the warehouse or the person, and the focus goes on.
+    virtual void EnterInHead(const QString& control);
+    /// The buttons beside the boxes of a head open its pickers.
+    void ConnectPickers(QWidget* head);
     GridView& grid() { return *m_grid; }
+    /// Before the lines are replaced under them.
+    void HideEditors();
 
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     Program& m_program;
 
@@ -68,8 +87,18 @@ private:
     void AddCheck(QBoxLayout* foot, const char* control, const QString& caption, bool& flag);
     void AddFreeze(QBoxLayout* foot);
     void ConnectKeys();
+    void ConnectOwnCommands();
+    void PickForHead(const HeadPicker& field, const PickerNeeded& picker);
+    void PickForLine(const PickerNeeded& picker);
     void Run(BillCommands::Rule rule);
     void Save();
+    void Scan();
+    void OpenImages();
+    void OpenAccountSettings();
+    void FormatColumns();
+    void FormatColumn(int column, const ColumnFormat& format);
+    void DeleteFormat();
+    void RestoreWidths();
     void ShowCommands();
     void ShowTotals();
 
@@ -78,4 +107,6 @@ private:
     GridView* m_grid = nullptr;
     CellEditors* m_editors = nullptr;
     QLabel* m_loading = nullptr; // LoadingPic
+    QString m_drawnKey;          // of the layout that m_drawn belongs to
+    ColumnWidths m_drawn;        // by the user
 };

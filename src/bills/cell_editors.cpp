@@ -2,8 +2,10 @@
 
 #include "bills/drop_list.h"
 #include "bills/grid_view.h"
+#include "bills/paste.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -111,6 +113,7 @@ void CellEditors::ShowTextEditor()
 {
     m_grid.scrollTo(m_grid.currentIndex());
     m_text->setText(EditorText(m_bill));
+    m_text->setAlignment(m_grid.currentIndex().data(Qt::TextAlignmentRole).value<Qt::Alignment>());
     m_text->setGeometry(EditorRect());
     m_text->show();
     m_text->setFocus();
@@ -164,8 +167,11 @@ void CellEditors::LeaveToGrid()
     m_grid.setFocus();
 }
 
-void CellEditors::Type(const QString& text)
+void CellEditors::Type(const QString& typed)
 {
+    const QString text = OneLine(typed);
+    if (text != typed)
+        m_text->setText(text);
     m_dropList->hide();
     TypeInCell(m_program, m_bill, text);
     emit Changed();
@@ -177,7 +183,7 @@ void CellEditors::TakeUnit(const QString& text)
 {
     if (m_units->isHidden())
         return;
-    m_bill.MSH.SetCell(m_bill.MSH.currentRow, m_bill.MSH.currentColumn, text);
+    ChooseUnit(m_program, m_bill, OneLine(text));
     emit Changed();
 }
 
@@ -313,6 +319,31 @@ void CellEditors::TypeFromGrid(QKeyEvent* key)
         QApplication::sendEvent(m_text, key);
 }
 
+/// Double click: the goods that the text may mean.
+bool CellEditors::AskForGood()
+{
+    if (const auto picker = GoodsPicker(m_program, m_bill, m_text->text()))
+        emit PickerAsked(*picker);
+    return IsGoodsColumn(m_bill);
+}
+
+/// Cells of a spreadsheet go to the lines; one text goes into an open editor like typing.
+bool CellEditors::PasteKey(const QObject* watched, const QKeyEvent& key)
+{
+    if (!key.matches(QKeySequence::Paste))
+        return false;
+    const QString text = QApplication::clipboard()->text();
+    if (watched != &m_grid && !IsTable(text))
+        return false;
+    Hide();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    PasteTable(m_program, m_bill, text);
+    QApplication::restoreOverrideCursor();
+    emit Changed();
+    ShowCellEditor();
+    return true;
+}
+
 /// The editor closes when the user clicks away from the grid, and opens when the tab key comes into it.
 void CellEditors::FollowFocus(const QObject* watched, const QFocusEvent& focus)
 {
@@ -329,9 +360,13 @@ bool CellEditors::eventFilter(QObject* watched, QEvent* event)
         FollowFocus(watched, *static_cast<QFocusEvent*>(event));
     if (event->type() == QEvent::ShortcutOverride)
         return IsWindowKey(*static_cast<QKeyEvent*>(event));
+    if (event->type() == QEvent::MouseButtonDblClick && watched == m_text)
+        return AskForGood();
     if (event->type() != QEvent::KeyPress)
         return false;
     auto* const key = static_cast<QKeyEvent*>(event);
+    if (PasteKey(watched, *key))
+        return true;
     if (watched == m_text)
         return TextKey(key);
     if (watched == &m_grid)

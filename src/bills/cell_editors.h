@@ -51,6 +51,8 @@ private:
     bool TextKey(QKeyEvent* key);
     bool UnitKey(QKeyEvent* key);
     bool GridKey(QKeyEvent* key);
+    bool AskForGood();
+    bool PasteKey(const QObject* watched, const QKeyEvent& key);
     void EnterText();
     void StepToColumn(int step);
     void Move(int columns, int rows);

@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScrollBar>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -12,6 +13,8 @@ constexpr int kShownRows = 10;
 
 constexpr int kCodeColumn = 1;
 constexpr int kHintRoom = 14;
+
+constexpr int kColumnCharacters[] = {2, 14, 28, 16, 10, 12}; // widths
 
 } // namespace
 
@@ -49,8 +52,9 @@ void DropList::MakeList()
     m_list->horizontalHeader()->setStretchLastSection(true);
     m_list->horizontalHeader()->setHighlightSections(false);
     const int unit = fontMetrics().averageCharWidth();
+    m_list->horizontalHeader()->setMinimumSectionSize(unit); // the row head is narrow
     int column = 0;
-    for (const int characters : {2, 14, 28, 16, 10, 12})
+    for (const int characters : kColumnCharacters)
         m_list->setColumnWidth(column++, unit * characters);
     QPalette colours = m_list->palette();
     colours.setColor(QPalette::Highlight, QColor(0xc0, 0xff, 0xff));
@@ -65,10 +69,19 @@ void DropList::ShowUnder(const QWidget& editor, const Sql& goods)
     m_goods->Open(goods, {"TabWare", "TypeCode"});
     if (m_goods->size() == 0)
         return;
-    m_list->selectRow(0);
+    m_list->setCurrentIndex(m_goods->index(0, kCodeColumn));
     Place(editor);
     show();
     raise();
+}
+
+/// All columns with the scroll bar and the frame beside them.
+int DropList::WantedWidth() const
+{
+    int width = m_list->verticalScrollBar()->sizeHint().width() + 2 * frameWidth() + 2;
+    for (const int characters : kColumnCharacters)
+        width += fontMetrics().averageCharWidth() * characters;
+    return width;
 }
 
 void DropList::Place(const QWidget& editor)
@@ -81,7 +94,7 @@ void DropList::Place(const QWidget& editor)
     const int below = around.bottom() - top.y() - editor.height();
     const bool under = below >= wanted || below >= top.y();
     const int height = std::min(wanted, under ? below : top.y());
-    const int width = std::min(fontMetrics().averageCharWidth() * 84, around.width());
+    const int width = std::min(WantedWidth(), around.width());
     const int x = std::max(0, std::min(top.x(), around.right() - width));
     setGeometry(x, under ? top.y() + editor.height() : top.y() - height, width, height);
 }

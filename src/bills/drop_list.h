@@ -33,6 +33,7 @@ protected:
 private:
     void MakeList();
     void Choose();
+    int WantedWidth() const;
     void Place(const QWidget& editor);
 
     LazyRows* m_goods;

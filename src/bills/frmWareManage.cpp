@@ -2,24 +2,20 @@
 
 #include "bills/audit.h"
 #include "bills/bill_widgets.h"
-#include "bills/grid_view.h"
-#include "bills/head_fields.h"
 #include "bills/lifecycle.h"
-#include "bills/recall.h"
+#include "bills/line_entry.h"
 #include "bills/save.h"
 #include "data/lookups.h"
 
-#include <QComboBox>
-#include <QDateEdit>
+#include <QAction>
 #include <QGridLayout>
-#include <QKeyEvent>
 #include <QLineEdit>
-#include <QToolButton>
 #include <algorithm>
 
 namespace {
 
 constexpr BillCommands kCommands{
+    .isHeadReady = [](Program& program, BillText& bill) { return WarehousePrecheck(program, bill); },
     .build = NewBill,
     .save = FSave,
     .audit = AuditBill,
@@ -41,8 +37,10 @@ constexpr int kSpacing = 6;
 frmWareManage::frmWareManage(Program& program) : BillWindow(program, std::make_shared<BillText>(), kCommands)
 {
     LoadWindow(program, m_bill);
-    Build(MakeHead());
-    resize(1180, 720);
+    QWidget* const head = MakeHead();
+    ConnectPickers(head);
+    Build(head);
+    RestorePlace({1180, 720});
 }
 
 QWidget* frmWareManage::MakeHead()
@@ -68,10 +66,10 @@ QWidget* frmWareManage::MakeProvideFrame()
     m_head->setVerticalSpacing(kSpacing);
     for (int column = 0; column < kHeadColumns; ++column)
         m_head->setColumnStretch(column, 1);
-    m_head->addWidget(MakeCell(new QLabel("单据编号"), MakeBox("TxtBillCode", m_bill.TxtBillCode, false)), 0, 0);
+    m_head->addWidget(MakeCell(new QLabel("单据编号"), MakeHeadBox("TxtBillCode")), 0, 0);
     m_head->addWidget(MakeCell(new QLabel("录单日期"), MakeDate()), 0, 1);
-    m_head->addWidget(MakeCell(new QLabel("制单人"), MakeBox("TxtOperator", m_bill.TxtOperator, false)), 0, 2);
-    m_head->addWidget(MakeCell(new QLabel("审核人"), MakeBox("TxtAuditing", m_bill.TxtAuditing, false)), 0, 3);
+    m_head->addWidget(MakeCell(new QLabel("制单人"), MakeHeadBox("TxtOperator")), 0, 2);
+    m_head->addWidget(MakeCell(new QLabel("审核人"), MakeHeadBox("TxtAuditing")), 0, 3);
     MakeCells();
     m_head->addWidget(MakeCell(new QLabel("备    注"), MakeHeadBox("TxtMemo")), 2, 0, 1, 2);
     m_head->addWidget(MakeCell(new QLabel("附加说明"), MakeHeadBox("TxtExplain")), 2, 2, 1, 2);
@@ -91,50 +89,8 @@ void frmWareManage::MakeCells()
         MakeMoneyFrame(),
     };
     int column = 0;
-    for (QWidget* cell : m_cells) {
+    for (QWidget* cell : m_cells)
         m_head->addWidget(cell, 1, column++);
-        for (auto* const button : cell->findChildren<QToolButton*>())
-            button->setEnabled(false); // pickers are still to come
-    }
-}
-
-QWidget* frmWareManage::MakeDate()
-{
-    auto* const date = new QDateEdit;
-    date->setObjectName("DTPDate");
-    date->setCalendarPopup(true);
-    date->setDisplayFormat("yyyy-MM-dd");
-    date->installEventFilter(this);
-    connect(date, &QDateEdit::dateChanged, this, [this](const QDate& day) { m_bill.DTPDate = day; });
-    return date;
-}
-
-QLineEdit* frmWareManage::MakeHeadBox(const char* control)
-{
-    QLineEdit* const box = MakeBox(control, m_bill.*FindHeadField(control)->text);
-    box->installEventFilter(this);
-    return box;
-}
-
-QWidget* frmWareManage::MakeMoneyFrame()
-{
-    auto* const frame = new QWidget;
-    frame->setObjectName("FrameMoneyType");
-    auto* const names = new QComboBox;
-    names->setObjectName("TxtMoneyName");
-    names->installEventFilter(this);
-    if (m_program.parameters.IsLotMoney)
-        names->addItems(MoneyNames(m_program));
-    connect(names, &QComboBox::currentTextChanged, this, [this](const QString& text) { m_bill.TxtMoneyName = text; });
-    Bind(names, m_bill.TxtMoneyName);
-    auto* const layout = new QHBoxLayout(frame);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(MakeCell(new QLabel("币种"), names), 3);
-    layout->addWidget(new QLabel("汇率"));
-    QLineEdit* const rate = MakeHeadBox("TxtMoneyRate");
-    rate->setMinimumHeight(names->minimumHeight());
-    layout->addWidget(rate, 2);
-    return frame;
 }
 
 /// The boxes of a kind from left to right, without gaps for those that it lacks; the last ones fill the row.
@@ -159,11 +115,12 @@ void frmWareManage::ArrangeCells()
 void frmWareManage::ShowBill()
 {
     ArrangeCells();
-    const QSignalBlocker quiet(findChild<QComboBox*>("TxtMoneyName"));
-    findChild<QDateEdit*>("DTPDate")->setDate(m_bill.DTPDate);
     BillWindow::ShowBill();
     findChild<QWidget*>("FrameProvide")->setEnabled(m_bill.entryEnabled);
     findChild<QWidget*>("LabAttention_TiaoJia")->setVisible(m_bill.kind->lines == LineShape::Revalued);
+    // A transfer at cost moves no value, so there is nothing to write a voucher about.
+    const bool movesNoValue = m_bill.kind->hasSource && m_bill.kind->lines == LineShape::Counted;
+    findChild<QAction*>("FJXCAccount")->setVisible(!movesNoValue);
 }
 
 void frmWareManage::FocusFirstField()
@@ -178,40 +135,4 @@ void frmWareManage::frm_Initialize(bool keepLoaded)
     ShowBill();
     if (!keepLoaded)
         FocusFirstField();
-}
-
-void frmWareManage::FillBill(const QString& tableName, const QString& billCode)
-{
-    ::FillBill(m_program, m_bill, tableName, billCode);
-    OpenNavigation(m_program, m_bill);
-    ShowBill();
-    grid().setFocus();
-}
-
-/// Enter in a box of the head: a beginning becomes the warehouse or the person, and the focus goes on.
-bool frmWareManage::HeadKey(const QString& control)
-{
-    std::optional<PickerNeeded> picker;
-    if (control == "TxtWarehouseNameF")
-        picker = LookUpWarehouse(m_program, m_bill, WarehouseField::F);
-    else if (control == "TxtWarehouseNameS")
-        picker = LookUpWarehouse(m_program, m_bill, WarehouseField::S);
-    else if (control == "TxtSaleMan")
-        picker = LookUpStaff(m_program, m_bill);
-    ShowBill();
-    if (picker)
-        OpenPicker(*picker);
-    else
-        GoOn();
-    return true;
-}
-
-bool frmWareManage::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() != QEvent::KeyPress)
-        return BillWindow::eventFilter(watched, event);
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key != Qt::Key_Return && key != Qt::Key_Enter)
-        return false;
-    return HeadKey(watched->objectName());
 }

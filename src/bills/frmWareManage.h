@@ -16,23 +16,16 @@ public:
     /// Makes the shown window one of the kind that OperateType names.
     /// @param keepLoaded  a recalled bill stays; otherwise a blank one is opened
     void frm_Initialize(bool keepLoaded);
-    /// Loads a saved bill of a head table. Called before the window is shown.
-    void FillBill(const QString& tableName, const QString& billCode);
 
 protected:
     void ShowBill() override;
     void FocusFirstField() override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QWidget* MakeHead();
     QWidget* MakeProvideFrame();
     void MakeCells();
-    QWidget* MakeMoneyFrame();
-    QWidget* MakeDate();
-    QLineEdit* MakeHeadBox(const char* control);
     void ArrangeCells();
-    bool HeadKey(const QString& control);
 
     QGridLayout* m_head = nullptr;
     std::vector<QWidget*> m_cells;        // of the head's second row, in order; some kinds lack one

@@ -1,6 +1,6 @@
 #include "bills/grid_view.h"
 
-#include "base/number_text.h"
+#include "dialogs/frmOption_Bill.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -12,26 +12,9 @@
 namespace {
 
 const QColor kCurrentRow(0xe6, 0xf0, 0xfc);
-const QColor kAccent(0x1d, 0x62, 0xb8);
 const QColor kLines(0xd9, 0xdf, 0xe7);
 
-bool IsFigure(const QString& text)
-{
-    bool ok = false;
-    CleanNumberText(text).trimmed().toDouble(&ok);
-    return ok;
-}
-
-Qt::Alignment AlignmentOf(int alignment, const QString& text)
-{
-    if (alignment >= 0 && alignment <= 2)
-        return Qt::AlignLeft;
-    if (alignment <= 5)
-        return Qt::AlignHCenter;
-    if (alignment <= 8)
-        return Qt::AlignRight;
-    return IsFigure(text) ? Qt::AlignRight : Qt::AlignLeft;
-}
+constexpr int kLeastSeen = 24; // of a cell's width for an editor to stand in
 
 /// Paints the current row tinted and the current cell framed, whether the grid or an editor has the focus.
 class CellPainter : public QStyledItemDelegate
@@ -68,86 +51,6 @@ private:
 };
 
 } // namespace
-
-GridModel::GridModel(LineGrid& grid, QObject* parent) : QAbstractTableModel(parent), m_grid(grid) {}
-
-QVariant GridModel::data(const QModelIndex& index, int role) const
-{
-    const int row = index.row() + 1;
-    const int column = index.column() + 1;
-    if (row >= m_grid.rows() || column >= m_grid.columns())
-        return {};
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
-        return m_grid.Cell(row, column);
-    if (role == Qt::TextAlignmentRole) {
-        const auto across = AlignmentOf(m_grid.column(column).alignment, m_grid.Cell(row, column));
-        return QVariant::fromValue(across | Qt::AlignVCenter);
-    }
-    return {};
-}
-
-QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (role == Qt::TextAlignmentRole)
-        return int(Qt::AlignCenter);
-    const bool isCurrent = orientation == Qt::Vertical && section + 1 == m_grid.currentRow;
-    if (isCurrent && role == Qt::BackgroundRole)
-        return kAccent;
-    if (isCurrent && role == Qt::ForegroundRole)
-        return QColor(Qt::white);
-    if (role != Qt::DisplayRole)
-        return {};
-    if (orientation == Qt::Horizontal)
-        return section + 1 < m_grid.columns() ? m_grid.column(section + 1).caption : QString();
-    const int row = section + 1;
-    if (row >= m_grid.lastRow())
-        return QStringLiteral("*");
-    const QString& head = m_grid.Cell(row, 0);
-    return head.isEmpty() ? QString::number(row) : head;
-}
-
-bool GridModel::ColumnsChanged() const
-{
-    if (static_cast<int>(m_shown.size()) != m_grid.columns())
-        return true;
-    for (int i = 0; i < m_grid.columns(); ++i) {
-        const auto& now = m_grid.column(i);
-        const auto& then = m_shown[i];
-        if (now.caption != then.caption || now.width != then.width || now.alignment != then.alignment)
-            return true;
-    }
-    return false;
-}
-
-bool GridModel::Sync()
-{
-    const bool changed = ColumnsChanged();
-    const int rows = std::max(0, m_grid.rows() - 1);
-    if (changed) {
-        beginResetModel();
-        m_shown.clear();
-        for (int i = 0; i < m_grid.columns(); ++i)
-            m_shown.push_back(m_grid.column(i));
-        m_rows = rows;
-        m_columns = std::max(0, m_grid.columns() - 1);
-        endResetModel();
-        return true;
-    }
-    if (rows > m_rows) {
-        beginInsertRows({}, m_rows, rows - 1);
-        m_rows = rows;
-        endInsertRows();
-    } else if (rows < m_rows) {
-        beginRemoveRows({}, rows, m_rows - 1);
-        m_rows = rows;
-        endRemoveRows();
-    }
-    if (m_rows > 0 && m_columns > 0) {
-        emit dataChanged(index(0, 0), index(m_rows - 1, m_columns - 1));
-        emit headerDataChanged(Qt::Vertical, 0, m_rows - 1);
-    }
-    return false;
-}
 
 GridView::GridView(LineGrid& grid, QWidget* parent)
     : QTableView(parent), m_grid(grid), m_model(new GridModel(grid, this)), m_fixed(new QTableView(this))
@@ -225,11 +128,16 @@ void GridView::Repaint()
     m_fixed->viewport()->update();
 }
 
-int GridView::Pixels(int twips) const
+double GridView::PixelsPerTwip() const
 {
     constexpr double kTwipsPerPixel = 1440.0 / 96.0;
     constexpr double kPixelsOfDesignFont = 12.0; // the widths were laid out for nine points at 96 dots an inch
-    return qRound(twips / kTwipsPerPixel * std::max(1.0, fontInfo().pixelSize() / kPixelsOfDesignFont));
+    return std::max(1.0, fontInfo().pixelSize() / kPixelsOfDesignFont) / kTwipsPerPixel;
+}
+
+int GridView::Pixels(int twips) const
+{
+    return qRound(twips * PixelsPerTwip());
 }
 
 bool GridView::isStretched(int section) const
@@ -263,13 +171,18 @@ void GridView::KeepWidth(int section, int pixels)
 {
     if (m_layingOut || m_syncing || pixels <= 0 || isStretched(section))
         return;
-    m_grid.column(section + 1).width = qRound(pixels * 1000.0 / Pixels(1000));
+    const int twips = qRound(pixels / PixelsPerTwip());
+    m_grid.column(section + 1).width = twips;
+    emit ColumnDrawn(section + 1, twips);
     PlaceFixedPart();
     emit CellsMoved();
 }
 
 void GridView::SetLocked(bool locked)
 {
+    if (m_locked == locked)
+        return;
+    m_locked = locked;
     QPalette colours = parentWidget()->palette();
     if (locked) {
         colours.setColor(QPalette::Base, colours.color(QPalette::Disabled, QPalette::Base));
@@ -321,7 +234,7 @@ QRect GridView::CurrentCellRect() const
     const QTableView* const view = fixed ? m_fixed : static_cast<const QTableView*>(this);
     const QRect rect = view->visualRect(current);
     const QRect seen = rect & view->viewport()->rect();
-    if (seen.width() < rect.width() / 2 || seen.height() < rect.height() / 2)
+    if (seen.width() < std::min(rect.width(), kLeastSeen) || seen.height() < rect.height() / 2)
         return {};
     return QRect(view->viewport()->mapTo(this, seen.topLeft()), seen.size());
 }
@@ -370,6 +283,26 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
     m_grid.currentColumn = current.column() + 1;
     Repaint();
     emit CellEntered();
+}
+
+GridFormat GridView::Format() const
+{
+    GridFormat format;
+    format.rows = m_grid.rows();
+    for (int column = 0; column < m_grid.columns(); ++column) {
+        const LineGrid::Column& shown = m_grid.column(column);
+        format.columns.push_back({shown.caption, shown.width, FormatOfCells(*horizontalHeader(), shown.alignment),
+                                  FormatOfCells(*this, shown.alignment)});
+    }
+    return format;
+}
+
+void GridView::FormatColumn(int column, const ColumnFormat& format)
+{
+    LineGrid::Column& shown = m_grid.column(column);
+    shown.caption = format.elseName;
+    shown.width = format.width;
+    shown.alignment = format.content.align;
 }
 
 void GridView::keyPressEvent(QKeyEvent* event)

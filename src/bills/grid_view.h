@@ -3,33 +3,10 @@
 // The line grid on the screen, for both bill windows: shows a LineGrid, keeps its current cell and says when a cell is
 // entered. It edits nothing itself; the editors of a cell lie over it.
 
-#include "bills/line_grid.h"
+#include "bills/grid_model.h"
+#include "dialogs/grid_format.h"
 
-#include <QAbstractTableModel>
 #include <QTableView>
-
-/// A LineGrid without its row head and header row, which the view shows as headers.
-class GridModel : public QAbstractTableModel
-{
-public:
-    GridModel(LineGrid& grid, QObject* parent);
-
-    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_rows; }
-    int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_columns; }
-    QVariant data(const QModelIndex& index, int role) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-
-    /// Follows the grid. True when its columns are not those of the last time.
-    bool Sync();
-
-private:
-    bool ColumnsChanged() const;
-
-    LineGrid& m_grid;
-    std::vector<LineGrid::Column> m_shown; // columns as the view knows them
-    int m_rows = 0;
-    int m_columns = 0;
-};
 
 class GridView : public QTableView
 {
@@ -51,11 +28,18 @@ public:
     /// Pixels of a width in twips at this screen and font.
     int Pixels(int twips) const;
 
+    /// The layout as it is now, for the window that edits layouts.
+    GridFormat Format() const;
+    /// Shows a column as that window made it; seen at the next Sync.
+    void FormatColumn(int column, const ColumnFormat& format);
+
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
 signals:
     /// The user has come to a cell, or clicked on the current one.
     void CellEntered();
+    /// The user has drawn a column to a width.
+    void ColumnDrawn(int column, int twips);
     /// The current cell may stand elsewhere now.
     void CellsMoved();
 
@@ -73,6 +57,7 @@ private:
     void Repaint();
     void PlaceFixedPart();
     void KeepWidth(int section, int pixels);
+    double PixelsPerTwip() const;
     int FixedWidth() const;
     int NextColumn(int from, int step) const;
     bool isStretched(int section) const;
@@ -81,6 +66,7 @@ private:
     GridModel* m_model;
     QTableView* m_fixed; // shows the fixed columns over the scrolling ones
     int m_fixedColumns = 1;
+    bool m_locked = false;
     bool m_syncing = false;
     bool m_layingOut = false;
 };

@@ -19,6 +19,17 @@ constexpr WarehouseBoxes BoxesOf(WarehouseField field)
     return {&BillText::TxtWarehouseCodeS, &BillText::TxtWarehouseNameS};
 }
 
+/// The row that Enter in a box means, or none.
+bool IsMeant(const BillText& bill, const Recordset& found)
+{
+    return bill.kind->lines == LineShape::Pieces ? !found.isEmpty() : found.size() == 1;
+}
+
+bool NeedsPicker(const BillText& bill, bool isMeant)
+{
+    return !isMeant && bill.kind->lines != LineShape::Pieces;
+}
+
 /// The rows whose code or name begins with a text.
 Recordset FindByBeginning(Program& program, const char* select, const QString& text)
 {
@@ -33,6 +44,17 @@ const Entry* FindControl(const std::vector<Entry>& entries, const QString& contr
     const auto found = std::ranges::find_if(
         entries, [&control](const Entry& entry) { return control == QLatin1String(entry.control); });
     return found == entries.end() ? nullptr : &*found;
+}
+
+template <WarehouseField field>
+HeadPicker PickerOfWarehouse(const char* box, const char* button)
+{
+    return {box, button, [](Program& program, BillText& bill) { return LookUpWarehouse(program, bill, field); },
+            [](const BillText& bill) { return WarehousePicker(bill, field); },
+            [](BillText& bill, const QString& code, const QString& name) {
+                bill.*BoxesOf(field).code = code;
+                bill.*BoxesOf(field).name = name;
+            }};
 }
 
 } // namespace
@@ -88,12 +110,12 @@ std::optional<PickerNeeded> LookUpWarehouse(Program& program, BillText& bill, Wa
     if ((bill.*boxes.name).trimmed().isEmpty())
         return {};
     const Recordset found = FindByBeginning(program, "select Code,Name from TabWarehouseType ", bill.*boxes.name);
-    const bool isOnly = found.size() == 1;
-    bill.*boxes.code = isOnly ? found.Text("Code") : QString();
-    bill.*boxes.name = isOnly ? found.Text("Name") : QString();
-    if (isOnly)
+    const bool isMeant = IsMeant(bill, found);
+    bill.*boxes.code = isMeant ? found.Text("Code") : QString();
+    bill.*boxes.name = isMeant ? found.Text("Name") : QString();
+    if (!NeedsPicker(bill, isMeant))
         return {};
-    return WarehousePicker(field);
+    return WarehousePicker(bill, field);
 }
 
 std::optional<PickerNeeded> LookUpStaff(Program& program, BillText& bill)
@@ -101,19 +123,40 @@ std::optional<PickerNeeded> LookUpStaff(Program& program, BillText& bill)
     if (bill.TxtSaleMan.trimmed().isEmpty())
         return {};
     const Recordset found = FindByBeginning(program, "select Code,Name from TabStuff ", bill.TxtSaleMan);
-    const bool isOnly = found.size() == 1;
-    bill.TxtSaleMan = isOnly ? found.Text("Name") : QString();
-    if (isOnly)
+    const bool isMeant = IsMeant(bill, found);
+    bill.TxtSaleMan = isMeant ? found.Text("Name") : QString();
+    if (!NeedsPicker(bill, isMeant))
         return {};
     return StaffPicker();
 }
 
-PickerNeeded WarehousePicker(WarehouseField field)
+PickerNeeded WarehousePicker(const BillText& bill, WarehouseField field)
 {
-    return {"TabWarehouseType", field == WarehouseField::F ? "发货仓库" : "收货仓库", {}};
+    // Every bill of one warehouse calls it the receiving one.
+    const QString arrival = bill.kind->hasSource ? bill.kind->warehouse : QString("收货仓库");
+    return {"TabWarehouseType", field == WarehouseField::F ? bill.kind->sourceWarehouse : arrival, {}};
 }
 
 PickerNeeded StaffPicker()
 {
     return {"TabStuff", "选择业务员", Sql("select Code,Name from TabStuff order by code")};
+}
+
+const std::vector<HeadPicker>& HeadPickers()
+{
+    static const std::vector<HeadPicker> pickers = {
+        PickerOfWarehouse<WarehouseField::F>("TxtWarehouseNameF", "ImgWarehouseF"),
+        PickerOfWarehouse<WarehouseField::S>("TxtWarehouseNameS", "ImgWarehouseS"),
+        {"TxtSaleMan", "ImgSaleMan", LookUpStaff, [](const BillText&) { return StaffPicker(); },
+         [](BillText& bill, const QString&, const QString& name) { bill.TxtSaleMan = name; }},
+    };
+    return pickers;
+}
+
+const HeadPicker* FindHeadPicker(const QString& control)
+{
+    const auto found = std::ranges::find_if(HeadPickers(), [&control](const HeadPicker& picker) {
+        return control == QLatin1String(picker.box) || control == QLatin1String(picker.button);
+    });
+    return found == HeadPickers().end() ? nullptr : &*found;
 }

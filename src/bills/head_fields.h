@@ -34,10 +34,24 @@ enum class WarehouseField
 };
 
 /// Enter in a warehouse box: the only warehouse whose code or name begins with the text fills code and name; otherwise
-/// both are emptied and the picker is needed. Unset also for an empty box.
+/// both are emptied and the picker is needed. Unset also for an empty box. An assembly takes the first that fits, and
+/// needs no picker for none.
 std::optional<PickerNeeded> LookUpWarehouse(Program& program, BillText& bill, WarehouseField field);
 /// Enter in the staff box, the same by code or name.
 std::optional<PickerNeeded> LookUpStaff(Program& program, BillText& bill);
 /// The pickers behind the buttons beside the boxes.
-PickerNeeded WarehousePicker(WarehouseField field);
+PickerNeeded WarehousePicker(const BillText& bill, WarehouseField field);
 PickerNeeded StaffPicker();
+
+/// A box of the head that a choice fills, with the button beside it.
+struct HeadPicker
+{
+    const char* box;
+    const char* button;
+    std::optional<PickerNeeded> (*lookUp)(Program& program, BillText& bill); // Enter in the box
+    PickerNeeded (*picker)(const BillText& bill);                            // the button
+    void (*choose)(BillText& bill, const QString& code, const QString& name);
+};
+const std::vector<HeadPicker>& HeadPickers();
+/// By box or by button; null for any other control.
+const HeadPicker* FindHeadPicker(const QString& control);

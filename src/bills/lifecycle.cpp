@@ -17,7 +17,8 @@ void StepThroughMonth(Program& program, BillText& bill, int step)
     const int count = static_cast<int>(bill.navigation.size());
     if (count == 0)
         return;
-    bill.navigationIndex = (bill.navigationIndex + step + count) % count;
+    const int from = bill.navigationIndex < 0 && step < 0 ? 0 : bill.navigationIndex;
+    bill.navigationIndex = (from + step + count) % count;
     FillBill(program, bill, bill.NavTableName, bill.navigation[bill.navigationIndex]);
 }
 
@@ -37,6 +38,11 @@ void frm_Initialize(Program& program, BillText& bill, bool keepLoaded)
     if (const BillKind* kind = KindOfOperation(operation))
         bill.kind = kind;
     bill.LabBillName = operation + "单";
+    StartWindow(program, bill, keepLoaded);
+}
+
+void StartWindow(Program& program, BillText& bill, bool keepLoaded)
+{
     bill.LabWarehouseNameS = bill.kind->warehouse;
     bill.NavTableName = bill.kind->headTable;
     OpenNavigation(program, bill);
@@ -70,6 +76,7 @@ void ClearBill(Program& program, BillText& bill)
           &bill.TxtWarehouseCodeF, &bill.TxtWarehouseNameF, &bill.TxtWarehouseCodeS, &bill.TxtWarehouseNameS,
           &bill.TxtSaleMan, &bill.LabState, &bill.LabAuditing, &bill.TxtAuditing})
         text->clear();
+    bill.ClearOwn();
     BuildGridColumns(program, bill);
     bill.TxtOperator = program.parameters.UserName;
 }
@@ -80,6 +87,9 @@ void SetWindowEnabled(BillText& bill, bool on)
     for (const Command command : kLockable)
         bill.SetEnabled(command, on);
     bill.SetEnabled(Command::Print, true);
+    // What makes a bill another one is for bills that are not there yet.
+    bill.SetEnabled(Command::Pattern, on && !bill.BillSavedFlag);
+    bill.SetEnabled(Command::SwitchMode, on && !bill.BillSavedFlag);
 }
 
 void RefreshWindowState(Program& program, BillText& bill)
@@ -107,7 +117,7 @@ void OpenNavigation(Program& program, BillText& bill)
     bill.navigation.clear();
     for (int row = 0; row < rows.size(); ++row)
         bill.navigation << rows.Text("Code", row);
-    bill.navigationIndex = 0;
+    bill.navigationIndex = static_cast<int>(bill.navigation.indexOf(bill.TxtBillCode.trimmed()));
 }
 
 void PreviousBill(Program& program, BillText& bill)

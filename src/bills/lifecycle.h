@@ -10,6 +10,8 @@ void LoadWindow(Program& program, BillText& bill);
 /// Makes the window one of the kind that OperateType names; a word that names none leaves the kind as it is.
 /// @param keepLoaded  a recalled bill stays on the screen; otherwise a blank one is shown
 void frm_Initialize(Program& program, BillText& bill, bool keepLoaded);
+/// What frm_Initialize does once the kind is known.
+void StartWindow(Program& program, BillText& bill, bool keepLoaded);
 /// Currencies to choose from, the base currency first.
 QStringList MoneyNames(Program& program);
 
@@ -20,7 +22,8 @@ void SetWindowEnabled(BillText& bill, bool on);
 /// Locks what a closed day, an audit or a void forbids.
 void RefreshWindowState(Program& program, BillText& bill);
 
-/// Lists the bills of the month of the bill's day and stands on the first.
+/// Lists the bills of the month of the bill's day and stands on the shown one, or on none: the last one is then the
+/// previous and the first one the next.
 void OpenNavigation(Program& program, BillText& bill);
 /// The neighbour in the month's list, around the end; nothing in an empty month.
 void PreviousBill(Program& program, BillText& bill);

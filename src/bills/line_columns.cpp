@@ -1,6 +1,6 @@
 #include "bills/line_columns.h"
 
-#include "handover/open_query.h"
+#include "dialogs/grid_format.h"
 
 LineColumns::LineColumns(const BillKind& kind)
     : code(ColumnIndex(kind, u"商品编号")),
@@ -25,21 +25,62 @@ LineColumns::LineColumns(const BillKind& kind)
       remark(ColumnIndex(kind, u"备注"))
 {}
 
+namespace {
+
+/// How columns are shown: as saved by the user under a key, otherwise by default.
+std::vector<LineGrid::Column> SavedLayout(Program& program, const QString& layoutKey,
+                                          const std::vector<GridColumn>& columns)
+{
+    const std::vector<ColumnFormat> saved = ReadGridFormat(program, layoutKey);
+    std::vector<LineGrid::Column> laidOut;
+    for (const GridColumn& column : columns) {
+        LineGrid::Column shown{column.caption, column.width};
+        shown.isFigure = column.isFigure;
+        shown.isDefault = laidOut.size() >= saved.size();
+        if (!shown.isDefault) {
+            const ColumnFormat& format = saved[laidOut.size()];
+            shown.caption = format.elseName;
+            shown.width = format.width;
+            shown.alignment = format.content.align;
+        }
+        laidOut.push_back(shown);
+    }
+    return laidOut;
+}
+
+} // namespace
+
+void LayOutGrid(Program& program, LineGrid& grid, const QString& layoutKey, const std::vector<GridColumn>& columns)
+{
+    grid.Reset(SavedLayout(program, layoutKey, columns));
+}
+
+void LayOutGridAgain(Program& program, LineGrid& grid, const QString& layoutKey, const std::vector<GridColumn>& columns)
+{
+    int index = 0;
+    for (const LineGrid::Column& column : SavedLayout(program, layoutKey, columns))
+        grid.column(index++) = column;
+}
+
+QString BillText::LayoutKey() const
+{
+    return (kind->lines == LineShape::Pieces ? QString(kind->headTable) : LabBillName.trimmed()) + "界面";
+}
+
 void BuildGridColumns(Program& program, BillText& bill)
 {
-    const Recordset saved = OpenQuery(program, Sql("select * from TabPrintMSHSet where TabName=") +
-                                                   (bill.LabBillName.trimmed() + "界面") + " order by ColOrder ");
-    std::vector<LineGrid::Column> columns;
-    for (const GridColumn& column : bill.kind->columns) {
-        const int row = static_cast<int>(columns.size());
-        if (row < saved.size())
-            columns.push_back({saved.Text("ColElseName", row), static_cast<int>(saved.Integer("ColWidth", row)),
-                               static_cast<int>(saved.Integer("ContentAlign", row))});
-        else
-            columns.push_back({column.caption, column.width});
-    }
-    bill.MSH.Reset(std::move(columns));
+    LayOutGrid(program, bill.MSH, bill.LayoutKey(), bill.kind->columns);
+    ColumnWidthsChanged(bill);
+}
 
+void LayOutColumnsAgain(Program& program, BillText& bill)
+{
+    LayOutGridAgain(program, bill.MSH, bill.LayoutKey(), bill.kind->columns);
+    ColumnWidthsChanged(bill);
+}
+
+void ColumnWidthsChanged(BillText& bill)
+{
     const int money = ColumnIndex(*bill.kind, u"金额");
     bill.totalMoneyShown = money == 0 || bill.MSH.column(money).width > 0;
 }

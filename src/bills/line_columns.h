@@ -32,6 +32,15 @@ struct LineColumns
     int remark; // 备注
 };
 
-/// Empties the grid and lays its columns out: as saved by the user for this bill, otherwise by default. A saved layout
-/// changes captions, widths and alignments, never positions; columns that it lacks keep their default.
+/// Empties a grid and lays its columns out: as saved by the user under a key, otherwise by default.
+void LayOutGrid(Program& program, LineGrid& grid, const QString& layoutKey, const std::vector<GridColumn>& columns);
+/// The same for a bill: empties the grid and lays its columns out: as saved by the user for this bill, otherwise by
+/// default. A saved layout changes captions, widths and alignments, never positions; columns that it lacks keep their
+/// default.
 void BuildGridColumns(Program& program, BillText& bill);
+/// The same columns laid out anew, the lines stay.
+void LayOutGridAgain(Program& program, LineGrid& grid, const QString& layoutKey,
+                     const std::vector<GridColumn>& columns);
+void LayOutColumnsAgain(Program& program, BillText& bill);
+/// To be told when the width of a column has changed: what hangs on the column's being in sight.
+void ColumnWidthsChanged(BillText& bill);

@@ -2,6 +2,7 @@
 
 #include "bills/line_totals.h"
 #include "data/decimals.h"
+#include "data/lookups.h"
 #include "handover/open_query.h"
 
 namespace {
@@ -19,6 +20,14 @@ Sql GoodByName(const QString& text)
     return Sql("select * from TabWare where Name=") + text + " or ZJF=" + text + " ";
 }
 
+/// What a line of the good costs: on an assembly, a line such as the current row.
+double ProposedCost(Program& program, const BillText& bill, const QString& code)
+{
+    const bool isPiece = bill.kind->lines == LineShape::Pieces;
+    const LineColumns at(*bill.kind);
+    return FetchRowCost(program, bill, code, isPiece ? RowDimensions(bill.MSH, at, bill.MSH.currentRow) : Dimensions{});
+}
+
 /// Writes a row of TabWare to the current row, with a quantity of one at the good's cost.
 void WriteGood(Program& program, BillText& bill, const Recordset& good)
 {
@@ -33,7 +42,7 @@ void WriteGood(Program& program, BillText& bill, const Recordset& good)
         grid.currentColumn = at.revaluation;
         return;
     }
-    const double cost = FetchRowCost(program, bill, good.Text("Code"));
+    const double cost = ProposedCost(program, bill, good.Text("Code"));
     grid.SetCell(row, at.amount, FormatByDigits(qint64(1), program.gDot.Amount_DotLen));
     grid.SetCell(row, at.cost, FormatByDigits(cost, program.gDot.Price_DotLen));
 }
@@ -51,24 +60,49 @@ void CommitText(const Program& program, LineGrid& grid, const QString& caption, 
         set(text);
 }
 
-/// @return false where the query of a goods column found no good
-bool CommitCell(Program& program, BillText& bill, const QString& text, const Sql& query)
+void RecalcRow(Program& program, BillText& bill, int row)
 {
-    LineGrid& grid = bill.MSH;
-    const int row = grid.currentRow;
-    const QString caption = grid.column(grid.currentColumn).caption;
-    bool found = true;
-    if (caption == u"商品编号" || caption == u"商品名称") {
-        const Recordset good = query.isEmpty() ? Recordset() : OpenQuery(program, query);
-        found = !good.isEmpty();
-        if (found)
-            WriteGood(program, bill, good);
-    } else {
-        CommitText(program, grid, caption, text);
-    }
     RecalcRowAmount(program, bill, row);
     SumBillTotals(program, bill);
+    bill.LinesChanged(program);
+}
+
+/// Writes the current cell, of a goods column the whole good.
+/// @return false where the query of a goods column found no good
+bool WriteCell(Program& program, BillText& bill, const QString& text, const Sql& query)
+{
+    LineGrid& grid = bill.MSH;
+    const QString caption = grid.column(grid.currentColumn).caption;
+    if (caption != u"商品编号" && caption != u"商品名称") {
+        CommitText(program, grid, caption, text);
+        return true;
+    }
+    const Recordset good = query.isEmpty() ? Recordset() : OpenQuery(program, query);
+    if (good.isEmpty())
+        return false;
+    WriteGood(program, bill, good);
+    return true;
+}
+
+bool CommitCell(Program& program, BillText& bill, const QString& text, const Sql& query)
+{
+    const int row = bill.MSH.currentRow;
+    const bool found = WriteCell(program, bill, text, query);
+    RecalcRow(program, bill, row);
     return found;
+}
+
+/// What Enter asks for in a goods column; empty elsewhere.
+Sql GoodEntered(const BillText& bill, const QString& text)
+{
+    switch (bill.MSH.currentColumn) {
+    case kCodeColumn:
+        return GoodByCode(text);
+    case kNameColumn:
+        return GoodByName(text);
+    default:
+        return {};
+    }
 }
 
 bool IsLine(const LineGrid& grid, Prompt& prompt)
@@ -92,7 +126,8 @@ CellEditor EditorOfCell(const BillText& bill)
     if (grid.currentRow == 0 || grid.currentColumn == 0 || !bill.entryEnabled)
         return CellEditor::None;
     const LineColumns at(*bill.kind);
-    if (grid.currentColumn == at.money || grid.currentColumn == at.cost)
+    const bool costIsTyped = bill.kind->lines == LineShape::Pieces;
+    if (grid.currentColumn == at.money || (grid.currentColumn == at.cost && !costIsTyped))
         return CellEditor::None;
     if (grid.currentColumn == at.unit)
         return CellEditor::Unit;
@@ -144,14 +179,13 @@ EnterOutcome EnterCell(Program& program, BillText& bill, const QString& text)
 {
     if (!WarehousePrecheck(program, bill))
         return {true, {}};
-    switch (bill.MSH.currentColumn) {
-    case kCodeColumn:
-        return {false, Txt2ToMSH(program, bill, text, GoodByCode(text))};
-    case kNameColumn:
-        return {false, Txt2ToMSH(program, bill, text, GoodByName(text))};
-    default:
-        return {false, Txt2ToMSH(program, bill, text, {})};
-    }
+    return {false, Txt2ToMSH(program, bill, text, GoodEntered(bill, text))};
+}
+
+bool WriteEntered(Program& program, BillText& bill, const QString& text)
+{
+    bill.MSH.SetCell(bill.MSH.currentRow, bill.MSH.currentColumn, text);
+    return WriteCell(program, bill, text, GoodEntered(bill, text));
 }
 
 std::optional<PickerNeeded> GoodsPicker(Program& program, const BillText& bill, const QString& text)
@@ -177,6 +211,18 @@ std::optional<PickerNeeded> Txt2ToMSH(Program& program, BillText& bill, const QS
     if (CommitCell(program, bill, text, query))
         return {};
     return GoodsPicker(program, bill, text);
+}
+
+void ChooseUnit(Program& program, BillText& bill, const QString& unit)
+{
+    LineGrid& grid = bill.MSH;
+    grid.SetCell(grid.currentRow, grid.currentColumn, unit);
+    const QString code = CodeOfCurrentRow(bill);
+    if (bill.kind->lines != LineShape::Pieces || code.isEmpty())
+        return;
+    const double cost = ProposedCost(program, bill, code);
+    grid.SetCell(grid.currentRow, LineColumns(*bill.kind).cost, FormatByDigits(cost, program.gDot.Price_DotLen));
+    RecalcRow(program, bill, grid.currentRow);
 }
 
 QStringList LoadUnitChoices(Program& program, const BillText& bill)
@@ -209,17 +255,27 @@ std::optional<PickerNeeded> AttributeStep(Program& program, BillText& bill)
     return {};
 }
 
+void ChooseAttribute(Program& program, BillText& bill, const QString& code)
+{
+    bill.MSH.SetCell(bill.MSH.currentRow, bill.MSH.currentColumn, AttributeCell(program, code));
+}
+
 bool WarehousePrecheck(Program& program, const BillText& bill)
+{
+    return bill.MayEnterGoods(program);
+}
+
+bool BillText::MayEnterGoods(Program& program) const
 {
     const auto refuse = [&program](const QString& text) {
         program.prompt.Inform(text);
         return false;
     };
-    if (bill.kind->hasSource && bill.TxtWarehouseNameF.trimmed().isEmpty())
-        return refuse("请先选择发货仓库名称！");
-    if (bill.TxtWarehouseNameS.trimmed().isEmpty())
-        return refuse("请先选择" + bill.kind->warehouse + "名称！");
-    if (bill.kind->hasSource && bill.TxtWarehouseCodeF.trimmed() == bill.TxtWarehouseCodeS.trimmed())
+    if (kind->hasSource && TxtWarehouseNameF.trimmed().isEmpty())
+        return refuse("请先选择" + kind->sourceWarehouse + "名称！");
+    if (TxtWarehouseNameS.trimmed().isEmpty())
+        return refuse("请先选择" + kind->warehouse + "名称！");
+    if (kind->hasSource && TxtWarehouseCodeF.trimmed() == TxtWarehouseCodeS.trimmed())
         return refuse("禁止收货仓库名称与发货仓库名称相同！");
     return true;
 }
@@ -243,12 +299,14 @@ void DeleteGridRow(Program& program, BillText& bill)
         return;
     grid.RemoveRow(grid.currentRow);
     SumBillTotals(program, bill);
+    bill.LinesChanged(program);
 }
 
 std::optional<double> PosInPrice(Program& program, const BillText& bill, const QString& code)
 {
     const bool hasWarehouse = !bill.TxtWarehouseCodeF.isEmpty() || !bill.TxtWarehouseCodeS.isEmpty();
-    if (!hasWarehouse || bill.kind->lines != LineShape::Counted)
+    const bool hasCost = bill.kind->lines == LineShape::Counted || bill.kind->lines == LineShape::Pieces;
+    if (!hasWarehouse || !hasCost)
         return {};
     return FetchRowCost(program, bill, code);
 }
@@ -268,6 +326,9 @@ void PosInBill(Program& program, BillText& bill, const QString& code, double qua
     grid.SetCell(row, at.unit, good.Text("Unite"));
     // A revaluation has no quantity: the number lands in the unnamed column.
     grid.SetCell(row, at.amount, FormatByDigits(quantity, program.gDot.Amount_DotLen));
+    if (bill.kind->lines == LineShape::Pieces)
+        grid.SetCell(row, at.cost,
+                     FormatByDigits(PosInPrice(program, bill, code).value_or(0), program.gDot.Price_DotLen));
     grid.AddRow();
     RecalcAllAmounts(program, bill);
 }

@@ -39,6 +39,9 @@ struct EnterOutcome
 };
 /// Enter in Text2: commits the cell; in a goods column the good of this code, or of this name or mnemonic, is chosen.
 EnterOutcome EnterCell(Program& program, BillText& bill, const QString& text);
+/// What Enter writes into the current cell, without the money of the row and the totals. False where it stays a text in
+/// a goods column, since no good is meant.
+bool WriteEntered(Program& program, BillText& bill, const QString& text);
 /// Double click in Text2: the goods picker. Unset outside the goods columns and while the warehouses are missing.
 std::optional<PickerNeeded> GoodsPicker(Program& program, const BillText& bill, const QString& text);
 
@@ -50,11 +53,16 @@ void ChooseGood(Program& program, BillText& bill, const QString& code);
 /// @return the goods picker where the query found none
 std::optional<PickerNeeded> Txt2ToMSH(Program& program, BillText& bill, const QString& text, const Sql& query);
 
+/// A unit chosen or typed for the current row goes to its cell; an assembly asks for the price anew.
+void ChooseUnit(Program& program, BillText& bill, const QString& unit);
 /// Main and second unit of the current row's good; none outside the column 单位.
 QStringList LoadUnitChoices(Program& program, const BillText& bill);
 /// Click on an attribute cell: the picker of the good's attribute group, unset for a good without one. An attribute
 /// that the good may not have is taken out if the user agrees. The choice goes to the cell as AttributeCell makes it.
 std::optional<PickerNeeded> AttributeStep(Program& program, BillText& bill);
+
+/// The attribute that was picked goes to the current cell.
+void ChooseAttribute(Program& program, BillText& bill, const QString& code);
 
 /// Whether the warehouses are chosen and differ; otherwise the user has been told. Asked before a good is entered by
 /// Enter or double click, before an import and before scanning.
@@ -65,5 +73,5 @@ void DeleteGridRow(Program& program, BillText& bill);
 
 /// For scanning: the price the bill would use. Unset without warehouses and where the bill has no cost of its own.
 std::optional<double> PosInPrice(Program& program, const BillText& bill, const QString& code);
-/// For scanning: adds a line; an unknown good adds none.
+/// For scanning: adds a line, on an assembly at its price; an unknown good adds none.
 void PosInBill(Program& program, BillText& bill, const QString& code, double quantity);

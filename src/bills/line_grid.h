@@ -14,7 +14,9 @@ public:
     {
         QString caption;
         int width = 0;     // twips; 0 is hidden
-        int alignment = 9; // 1 left, 4 centre, 7 right, 9 default
+        int alignment = 9; // 1 left, 4 centre, 7 right, 9 default: figures right, texts left
+        bool isFigure = false;
+        bool isDefault = true; // no saved layout stands behind it
     };
 
     /// Two rows, header and blank, with these columns.

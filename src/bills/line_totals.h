@@ -3,13 +3,18 @@
 // Figures of the lines: the cost of a good, the money of a row, the totals of the bill.
 
 #include "bills/line_columns.h"
+#include "data/dimensions.h"
 
-/// Cost of a good on the bill's day at the clock's time, whatever the warehouse and the line's dimensions.
-double FetchRowCost(Program& program, const BillText& bill, const QString& code);
+/// Cost of a good on the bill's day at the clock's time, whatever the warehouse.
+double FetchRowCost(Program& program, const BillText& bill, const QString& code, const Dimensions& dimensions = {});
+/// The dimensions that the cells of a row limit its good to.
+Dimensions RowDimensions(const LineGrid& grid, const LineColumns& at, int row);
 /// 金额 of one row from its quantity and price or cost. A revaluation has none.
 void RecalcRowAmount(const Program& program, BillText& bill, int row);
-/// The same for every row with a code, and the totals.
+/// The same for every row with a code, and the totals. No factor of an assembly's line here.
 void RecalcAllAmounts(const Program& program, BillText& bill);
+/// The money of all lines as their cells show it; keeps a blank row at the end.
+Currency SumLineMoney(BillText& bill);
 /// Totals from the cells; keeps a blank row at the end.
 void SumBillTotals(const Program& program, BillText& bill);
 

@@ -3,6 +3,7 @@
 #include "handover/open_query.h"
 
 #include <cstring>
+#include <span>
 
 namespace {
 
@@ -10,26 +11,49 @@ namespace {
 struct Source
 {
     const char* table;
-    bool inForceOnly = true;       // voided rows do not count
-    const char* ownBill = nullptr; // head table of the bill whose own rows are left out
+    enum
+    {
+        InForce,    // voided rows do not count
+        OnHeadOnly, // voided rows do not count for the product of an assembly
+        All,
+    } counted = InForce;
 };
 
-constexpr Source kComeIn[] = {
-    {"TabOutCancleBillInf"},     {"TabInBillInf"},
-    {"TabElseInBillInf"},        {"TabWareGroup"},
-    {"TabWarePieceInf"},         {"TabCheckOverInf", false, "TabCheckOver"},
-    {"TabWarehouseTurn", false},
-};
-constexpr Source kGoneOut[] = {
+constexpr Source kAnywhere[] = {
     {"TabOutBillInf"},
+    {"TabOutCancleBillInf"},
     {"TabElseOutBillInf"},
+    {"TabInBillInf"},
+    {"TabInCancleBillInf"},
+    {"TabElseInBillInf"},
+    {"TabWareGroup"},
     {"TabWareGroupInf"},
     {"TabWarePiece"},
-    {"TabCheckLoseInf", true, "TabCheckLose"},
+    {"TabWarePieceInf"},
+    {"TabCheckOverInf", Source::OnHeadOnly},
+    {"TabCheckLoseInf"},
+    {"TabWarehouseTurn", Source::All},
+};
+constexpr Source kComeIn[] = {
+    {"TabOutCancleBillInf"},
+    {"TabInBillInf"},
+    {"TabElseInBillInf"},
+    {"TabWareGroup"},
+    {"TabWarePieceInf"},
+    {"TabCheckOverInf", Source::OnHeadOnly},
+    {"TabWarehouseTurn", Source::All},
+};
+constexpr Source kGoneOut[] = {
+    {"TabOutBillInf"}, {"TabElseOutBillInf"}, {"TabWareGroupInf"}, {"TabWarePiece"}, {"TabCheckLoseInf"},
 };
 
-template <size_t count>
-Recordset FindPiece(Program& program, const Source (&sources)[count], const OnlyCodeQuestion& question)
+/// The column that names the bill: a head table has it as its key.
+const char* BillColumnOf(const char* table)
+{
+    return QLatin1String(table).endsWith(QLatin1String("Inf")) ? "BillCode" : "Code";
+}
+
+Recordset FindPiece(Program& program, std::span<const Source> sources, const OnlyCodeQuestion& question)
 {
     Sql query;
     for (const Source& source : sources) {
@@ -37,15 +61,20 @@ Recordset FindPiece(Program& program, const Source (&sources)[count], const Only
             query += " union all ";
         query += Sql(" select OnlyCode from ") + Name(source.table) + " where OnlyCode=" + question.onlyCode +
                  "  and WareCode=" + question.wareCode + " ";
-        if (source.inForceOnly)
+        if (source.counted == Source::InForce || (source.counted == Source::OnHeadOnly && question.onHead))
             query += " and State='正常' ";
-        if (source.ownBill && std::strcmp(source.ownBill, question.headTable) == 0)
-            query += Sql(" and BillCode<>") + question.billCode + " ";
+        if (std::strcmp(source.table, question.ownTable) == 0)
+            query += Sql(" and ") + BillColumnOf(source.table) + "<>" + question.billCode + " ";
     }
     return OpenQuery(program, query);
 }
 
 } // namespace
+
+bool IsAnywhere(Program& program, const OnlyCodeQuestion& question)
+{
+    return !FindPiece(program, kAnywhere, question).isEmpty();
+}
 
 bool HasComeIn(Program& program, const OnlyCodeQuestion& question)
 {

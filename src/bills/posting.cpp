@@ -1,49 +1,12 @@
 #include "bills/posting.h"
 
 #include "bills/audit.h"
-#include "bills/line_totals.h"
-#include "bills/moments.h"
+#include "bills/save_rows.h"
 #include "data/decimals.h"
 #include "data/lookups.h"
-#include "handover/open_query.h"
 #include "stock/cost_rewrite.h"
-#include "stock/unit_cost.h"
 
 namespace {
-
-using Row = std::vector<Value>;
-
-/// What all rows of one save share.
-struct Save
-{
-    Program& program;
-    const BillText& bill;
-    const LineColumns at;
-    const bool auditedOnly;
-    const QString moneyName; // of the cost questions
-    RisingMoments moments;
-
-    Save(Program& p, const BillText& b)
-        : program(p),
-          bill(b),
-          at(*b.kind),
-          auditedOnly(IsAuditedBillCounted(p)),
-          moneyName(CostCurrency(p, b)),
-          moments(p.clock, b.DTPDate, b.MSH.lastRow())
-    {}
-
-    QString Cell(int row, int column) const { return bill.MSH.Cell(row, column).trimmed(); }
-    double Figure(int row, int column) const { return CellFigure(bill.MSH, row, column); }
-};
-
-/// What is known of a line only when it is written.
-struct LineFigures
-{
-    double unionAmount = 0;
-    double cost = 0;
-    double difference = 0; // of a set price to the cost, or the money of a revaluation
-    double lastCost = 0;   // after the revaluation
-};
 
 using HeadRow = Row (*)(const Save& save, const Moment& moment);
 
@@ -54,11 +17,6 @@ enum class Outcome
     CodeTaken,
     NoMoney, // a figure came out too large for money
 };
-
-void Append(Row& row, const Row& more)
-{
-    row.insert(row.end(), more.begin(), more.end());
-}
 
 /// What the set prices of all lines differ from their costs by, as the grid shows them.
 Currency BillPriceDifference(const Save& save)
@@ -124,22 +82,9 @@ Row StockHead(const Save& save, const Moment& moment)
     return row;
 }
 
-CostQuestion CostQuestionOf(const Save& save, int row, const Moment& moment)
-{
-    CostQuestion question;
-    question.moment = moment;
-    question.wareCode = save.Cell(row, save.at.code);
-    question.dimensions = {PathHead(save.Cell(row, save.at.attribute)), save.Cell(row, save.at.spec),
-                           save.Cell(row, save.at.manufacturer), save.Cell(row, save.at.brand),
-                           save.Cell(row, save.at.batch)};
-    question.moneyName = save.moneyName;
-    question.auditedOnly = save.auditedOnly;
-    return question;
-}
-
 LineFigures FiguresOf(const Save& save, int row, const Moment& moment)
 {
-    CostQuestion question = CostQuestionOf(save, row, moment);
+    CostQuestion question = LineCostQuestion(save, row, moment);
     LineFigures figures;
     figures.cost = GetUnitCost(save.program, question);
     if (save.bill.kind->lines == LineShape::Revalued) {
@@ -161,48 +106,6 @@ LineFigures FiguresOf(const Save& save, int row, const Moment& moment)
     return figures;
 }
 
-/// The columns between the unit and the moment, which differ by what a line carries.
-Row LineMiddle(const Save& save, int row, const LineFigures& figures)
-{
-    const LineColumns& at = save.at;
-    const QString remark = save.Cell(row, at.remark);
-    const QString state = "正常";
-    const Currency difference = Currency::FromDouble(figures.difference);
-    switch (save.bill.kind->lines) {
-    case LineShape::Priced:
-        return {save.Figure(row, at.amount),
-                save.Figure(row, at.price),
-                save.Figure(row, at.money),
-                remark,
-                figures.cost,
-                difference,
-                state};
-    case LineShape::Revalued:
-        return {0.0, 0.0, figures.difference, remark, figures.cost, difference, state, figures.lastCost};
-    default:
-        return {save.Figure(row, at.amount), remark, figures.cost, state};
-    }
-}
-
-Row LineRow(const Save& save, int row, const Moment& moment, const LineFigures& figures)
-{
-    const BillText& bill = save.bill;
-    const LineColumns& at = save.at;
-    const QString attribute = save.Cell(row, at.attribute);
-    Row values = {qint64(row), bill.DTPDate, bill.TxtBillCode.trimmed()};
-    for (const int column : {at.code, at.name, at.spec, at.unit})
-        values.emplace_back(save.Cell(row, column));
-    Append(values, LineMiddle(save, row, figures));
-    Append(values, {moment, 0.0, bill.TxtMoneyName.trimmed(), CellNumber(bill.TxtMoneyRate), PathHead(attribute),
-                    PathTail(attribute), figures.unionAmount});
-    for (const int column : {at.manufacturer, at.brand, at.batch, at.madeOn, at.validUntil, at.onlyCode})
-        values.emplace_back(save.Cell(row, column));
-    values.emplace_back(bill.TxtAuditing.trimmed());
-    for (const int column : {at.custom1, at.custom2, at.custom3})
-        values.emplace_back(save.Cell(row, column));
-    return values;
-}
-
 bool WriteLine(Save& save, int row)
 {
     const Moment moment = save.moments.Next();
@@ -211,18 +114,10 @@ bool WriteLine(Save& save, int row)
         return false;
     const BillText& bill = save.bill;
     OpenQuery(save.program, InsertInto(Name(bill.kind->lineTable), LineRow(save, row, moment, figures)));
-    if (bill.kind->lines == LineShape::Revalued && save.program.parameters.DatabaseType == u"Access")
+    if (bill.kind->lines == LineShape::Revalued && save.rewritesCosts())
         RewriteCostOverBills(save.program, save.Cell(row, save.at.code), bill.TxtWarehouseCodeS.trimmed(), bill.DTPDate,
                              save.moneyName, save.auditedOnly);
     return true;
-}
-
-/// Whether a bill of this code is there.
-bool IsStored(Program& program, const BillText& bill)
-{
-    const Sql query =
-        Sql("select Code from  ") + Name(bill.kind->headTable) + "  where Code=" + bill.TxtBillCode.trimmed();
-    return !OpenQuery(program, query).isEmpty();
 }
 
 void DeleteRows(Program& program, const BillText& bill)
@@ -276,13 +171,11 @@ void ShowAsSaved(Program& program, BillText& bill)
 
 Posting SaveBill(Program& program, BillText& bill, HeadRow head)
 {
-    const bool rewrite = IsStored(program, bill) && bill.BillSavedFlag;
-    if (rewrite && !program.prompt.Ask("如果确定修改则按是，否则按否退出重新执行保存！")) {
-        program.prompt.Inform("修改单据失败！");
+    const std::optional<bool> rewrite = AskRewrite(program, bill);
+    if (!rewrite)
         return {};
-    }
     Save save(program, bill);
-    switch (WriteBill(save, head, rewrite)) {
+    switch (WriteBill(save, head, *rewrite)) {
     case Outcome::CodeTaken:
         program.prompt.Inform("单编号重复，请重新执行保存！");
         return {};

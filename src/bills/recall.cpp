@@ -6,9 +6,11 @@
 #include "data/lookups.h"
 #include "handover/open_query.h"
 
+#include <span>
+
 namespace {
 
-/// Columns of a line that are shown as they stand.
+/// Columns of a line that are shown as they stand, those of a pattern first.
 struct TextColumn
 {
     int LineColumns::*at;
@@ -31,6 +33,8 @@ constexpr TextColumn kTextColumns[] = {
     {&LineColumns::custom3, "Custom3"},
 };
 
+constexpr size_t kPatternColumns = 5;
+
 /// The window becomes one of the table's kind; a table of no kind leaves it as it is.
 void ShowKind(BillText& bill, const QString& tableName)
 {
@@ -42,16 +46,25 @@ void ShowKind(BillText& bill, const QString& tableName)
     bill.LabWarehouseNameS = kind->recalledWarehouse;
 }
 
-void ShowHead(BillText& bill, const Recordset& head)
+} // namespace
+
+void ShowWarehouses(BillText& bill, const Recordset& head)
 {
-    bill.DTPDate = head.Day("Datee").value_or(bill.DTPDate);
-    bill.TxtDate = DayText(bill.DTPDate);
-    bill.TxtBillCode = head.Text("Code");
     const bool hasSource = bill.kind->hasSource;
     bill.TxtWarehouseCodeF = hasSource ? head.Text("WarehouseCodeF") : QString();
     bill.TxtWarehouseNameF = hasSource ? head.Text("WarehouseNameF") : QString();
     bill.TxtWarehouseCodeS = head.Text(hasSource ? "WarehouseCodeS" : "WarehouseCode");
     bill.TxtWarehouseNameS = head.Text(hasSource ? "WarehouseNameS" : "WarehouseName");
+}
+
+namespace {
+
+void ShowHead(BillText& bill, const Recordset& head)
+{
+    bill.DTPDate = head.Day("Datee").value_or(bill.DTPDate);
+    bill.TxtDate = DayText(bill.DTPDate);
+    bill.TxtBillCode = head.Text("Code");
+    ShowWarehouses(bill, head);
     bill.TxtOperator = head.Text("Operator");
     bill.TxtMemo = head.Text("Remark");
     bill.TxtExplain = head.Text("Explain");
@@ -61,22 +74,23 @@ void ShowHead(BillText& bill, const Recordset& head)
     bill.TxtAuditing = head.Text("Auditing");
 }
 
-void ShowLine(Program& program, BillText& bill, const LineColumns& at, const Recordset& lines, int index)
+void ShowFigures(Program& program, BillText& bill, const LineColumns& at, const Recordset& lines, int index)
 {
     LineGrid& grid = bill.MSH;
     const DotType& places = program.gDot;
     const auto show = [&](int column, const Value& value, int digits) {
         grid.SetCell(index + 1, column, FormatByDigits(value, digits));
     };
-    for (const TextColumn& text : kTextColumns)
-        grid.SetCell(index + 1, at.*text.at, lines.Text(text.column, index));
-    grid.SetCell(index + 1, at.attribute, AttributeCell(program, lines.Text("AttributeCode", index)));
-
     if (bill.kind->lines == LineShape::Revalued) {
         show(at.revaluation, lines.at(index, "Moneyy"), places.Money_DotLen);
         return;
     }
     show(at.amount, lines.at(index, "Amount"), places.Amount_DotLen);
+    if (bill.kind->lines == LineShape::Pieces) {
+        show(at.cost, lines.at(index, "Price"), places.Price_DotLen);
+        show(at.money, lines.at(index, "Moneyy"), places.Money_DotLen);
+        return;
+    }
     show(at.cost, lines.at(index, "AveragePrice"), places.Price_DotLen);
     if (bill.kind->lines == LineShape::Priced) {
         show(at.price, lines.at(index, "Price"), places.Price_DotLen);
@@ -89,10 +103,32 @@ void ShowLine(Program& program, BillText& bill, const LineColumns& at, const Rec
 void ShowState(BillText& bill, const QString& state)
 {
     bill.LabAuditing = bill.TxtAuditing.trimmed().isEmpty() ? "未审核" : "已审核";
-    bill.LabState = state == u"正常" ? "" : "作废";
+    bill.LabState = state == u"正常" ? InForceLabel(*bill.kind) : "作废";
 }
 
 } // namespace
+
+QString InForceLabel(const BillKind& kind)
+{
+    return kind.lines == LineShape::Pieces ? "正常" : "";
+}
+
+void ShowLines(Program& program, BillText& bill, const Recordset& lines, LineDetail detail)
+{
+    const LineColumns at(*bill.kind);
+    LineGrid& grid = bill.MSH;
+    const bool isWhole = detail == LineDetail::All;
+    const std::span<const TextColumn> texts(kTextColumns, isWhole ? std::size(kTextColumns) : kPatternColumns);
+    for (int index = 0; index < lines.size(); ++index) {
+        for (const TextColumn& text : texts)
+            grid.SetCell(index + 1, at.*text.at, lines.Text(text.column, index));
+        if (isWhole)
+            grid.SetCell(index + 1, at.attribute, AttributeCell(program, lines.Text("AttributeCode", index)));
+        ShowFigures(program, bill, at, lines, index);
+        grid.AddRow();
+    }
+    SumBillTotals(program, bill);
+}
 
 void FillBill(Program& program, BillText& bill, const QString& tableName, const QString& billCode)
 {
@@ -105,23 +141,21 @@ void FillBill(Program& program, BillText& bill, const QString& tableName, const 
     if (head.isEmpty()) {
         if (head)
             program.prompt.Inform("没有原单！");
+        if (bill.kind->lines == LineShape::Pieces)
+            ClearBill(program, bill);
         RefreshWindowState(program, bill);
         return;
     }
     ShowHead(bill, head);
+    bill.ShowOwn(program, head);
     bill.LabTotalAmount.clear();
     bill.LabTotalMoney.clear();
 
     const Recordset lines = OpenQuery(program, Sql("select * from ") + Name(tableName + "Inf") +
                                                    " where BillCode=" + billCode + " order by Num");
-    if (lines.isEmpty())
+    if (lines.isEmpty() && bill.kind->lines != LineShape::Pieces)
         return;
-    const LineColumns at(*bill.kind);
-    for (int index = 0; index < lines.size(); ++index) {
-        ShowLine(program, bill, at, lines, index);
-        bill.MSH.AddRow();
-    }
-    SumBillTotals(program, bill);
+    ShowLines(program, bill, lines, LineDetail::All);
     ShowState(bill, head.Text("State").trimmed());
     RefreshWindowState(program, bill);
 }

@@ -19,12 +19,6 @@ constexpr double kStockTolerance = 5e-8;
 
 const QString kLineBreak = QStringLiteral("\r\n");
 
-bool Refuse(Program& program, const QString& text)
-{
-    program.prompt.Inform(text);
-    return false;
-}
-
 QString RowWord(int row)
 {
     return "第 " + QString::number(row) + " 行";
@@ -38,7 +32,20 @@ bool RefuseCell(Program& program, BillText& bill, int row, int column, const QSt
     return Refuse(program, text);
 }
 
-/// One warehouse of the head must be a leaf of the tree; its exact name and code come from there.
+} // namespace
+
+bool Refuse(Program& program, const QString& text)
+{
+    program.prompt.Inform(text);
+    return false;
+}
+
+bool CheckMayEdit(Program& program, const BillText& bill)
+{
+    return CheckOperateRight(program, program.parameters.UserName, bill.kind->rights, Action::Edit) &&
+           !IsDayClosed(program, bill.DTPDate, true);
+}
+
 bool CheckWarehouse(Program& program, QString& code, QString& name, const QString& word)
 {
     if (name.trimmed().isEmpty())
@@ -61,6 +68,8 @@ bool CheckCurrency(Program& program, const BillText& bill)
         return Refuse(program, "请选择币种！");
     return CellNumber(bill.TxtMoneyRate) != 0 || Refuse(program, "汇率不能为0，如果是本位币，则汇率填写1");
 }
+
+namespace {
 
 bool CheckQuantity(Program& program, const BillText& bill, const LineColumns& at, int row)
 {
@@ -99,22 +108,26 @@ bool CheckDay(Program& program, BillText& bill, int column, const QString& word,
                           "请输入完整的日期格式（YYYY-MM-DD）后再保存！");
 }
 
-bool CheckOnlyCode(Program& program, BillText& bill, const LineColumns& at, int row)
+/// A piece must be there, for a bill of whatever direction.
+QString PieceIsThere(Program& program, const BillText&, const OnlyCodeQuestion& question)
+{
+    if (!HasComeIn(program, question))
+        return "输入的  唯一码  在系统中不存在，不能输入系统中不存在的唯一码！" + kLineBreak +
+               "请修改保证其在系统中存在后再保存！";
+    if (HasGoneOut(program, question))
+        return "输入的  唯一码  在系统中曾经已出库，不允许该 唯一码 再次操作！" + kLineBreak + "请修改后再保存！";
+    return {};
+}
+
+bool CheckOnlyCode(Program& program, BillText& bill, const LineColumns& at, int row, OnlyCodeTest test)
 {
     const QString onlyCode = bill.MSH.Cell(row, at.onlyCode).trimmed();
     if (onlyCode.isEmpty())
         return true;
-    const OnlyCodeQuestion question = {onlyCode, bill.MSH.Cell(row, at.code).trimmed(), bill.TxtBillCode.trimmed(),
-                                       bill.kind->headTable};
-    if (!HasComeIn(program, question))
-        return RefuseCell(program, bill, row, at.onlyCode,
-                          RowWord(row) + "输入的  唯一码  在系统中不存在，不能输入系统中不存在的唯一码！" + kLineBreak +
-                              "请修改保证其在系统中存在后再保存！");
-    if (HasGoneOut(program, question))
-        return RefuseCell(program, bill, row, at.onlyCode,
-                          RowWord(row) + "输入的  唯一码  在系统中曾经已出库，不允许该 唯一码 再次操作！" + kLineBreak +
-                              "请修改后再保存！");
-    return true;
+    const QString wrong =
+        test(program, bill,
+             {onlyCode, bill.MSH.Cell(row, at.code).trimmed(), bill.TxtBillCode.trimmed(), bill.kind->lineTable});
+    return wrong.isEmpty() || RefuseCell(program, bill, row, at.onlyCode, RowWord(row) + wrong);
 }
 
 /// Figures that money cannot hold would be stored as something else; so would sums that pass its range on their way.
@@ -142,12 +155,17 @@ bool CheckMoneyRange(Program& program, BillText& bill, const LineColumns& at)
     return true;
 }
 
-/// Whether stock is to be tested at all: a row of settings that does not allow stock below zero.
+} // namespace
+
 bool IsStockTestOn(Program& program)
 {
     const Recordset settings = OpenQuery(program, Sql("select * from TabSysSet "));
+    if (!settings) // what the database does not answer is tested
+        return true;
     return !settings.isEmpty() && settings.Integer("IsZero") != 1;
 }
+
+namespace {
 
 bool CheckStock(Program& program, const BillText& bill)
 {
@@ -158,38 +176,46 @@ bool CheckStock(Program& program, const BillText& bill)
     for (int row = 1; row <= bill.MSH.lastRow(); ++row) {
         const QString code = bill.MSH.Cell(row, at.code).trimmed();
         const double quantity = CellFigure(bill.MSH, row, at.amount);
-        if (!code.isEmpty() && CheckStockEnough(program, bill, code, quantity, auditedOnly))
+        const OwnRows own = {bill.kind->lineTable, "BillCode"};
+        if (!code.isEmpty() && CheckStockEnough(program, bill, code, quantity, auditedOnly, own))
             return Refuse(program, "请检查列表中第  " + QString::number(row) + " 行！");
     }
     return true;
 }
 
-/// A new bill takes the next code of its kind.
-bool NumberBill(Program& program, BillText& bill)
-{
-    if (bill.BillSavedFlag)
-        return true;
-    const QString& prefix = bill.kind->prefix;
-    bill.TxtDate = DayText(bill.DTPDate);
-    bill.TxtBillCode = NextBillCode(program, prefix, bill.kind->headTable);
-    return bill.TxtBillCode.trimmed().left(3) == prefix || Refuse(program, "单据编号前三位必须为 " + prefix + " ！");
-}
-
 } // namespace
 
+bool NumberBill(Program& program, BillText& bill)
+{
+    if (!bill.BillSavedFlag) {
+        const QString& prefix = bill.kind->prefix;
+        bill.TxtDate = DayText(bill.DTPDate);
+        bill.TxtBillCode = NextBillCode(program, prefix, bill.kind->headTable);
+        if (bill.TxtBillCode.trimmed().left(3) != prefix)
+            return Refuse(program, "单据编号前三位必须为 " + prefix + " ！");
+    }
+    return !bill.TxtBillCode.trimmed().isEmpty() || Refuse(program, "单据编号不能为空！");
+}
+
 bool CheckBillLines(Program& program, BillText& bill)
+{
+    return CheckBillLines(program, bill, PieceIsThere);
+}
+
+bool CheckBillLines(Program& program, BillText& bill, OnlyCodeTest test)
 {
     const LineColumns at(*bill.kind);
     for (int row = 1; row <= bill.MSH.lastRow(); ++row) {
         if (!CheckQuantity(program, bill, at, row) || !CheckGood(program, bill, at, row) ||
             !CheckDay(program, bill, at.madeOn, "生产日期", row) ||
-            !CheckDay(program, bill, at.validUntil, "有效日期", row) || !CheckOnlyCode(program, bill, at, row))
+            !CheckDay(program, bill, at.validUntil, "有效日期", row) || !CheckOnlyCode(program, bill, at, row, test))
             return false;
     }
     return CheckMoneyRange(program, bill, at);
 }
 
-bool CheckStockEnough(Program& program, const BillText& bill, const QString& code, double quantity, bool auditedOnly)
+bool CheckStockEnough(Program& program, const BillText& bill, const QString& code, double quantity, bool auditedOnly,
+                      const OwnRows& own)
 {
     if (code.isEmpty()) {
         program.prompt.Inform("不能确定商品编号！");
@@ -202,10 +228,10 @@ bool CheckStockEnough(Program& program, const BillText& bill, const QString& cod
     question.auditedOnly = auditedOnly;
     double stock = GetStockBalance(program, question).ShownAmount;
 
-    const Recordset own =
-        OpenQuery(program, Sql("select sum(Amount) as sumAmount  from  ") + Name(bill.kind->lineTable) +
-                               "  Where WareCode=" + code + " and BillCode=" + bill.TxtBillCode.trimmed() + " ");
-    stock -= own.Number("sumAmount");
+    const Recordset saved = OpenQuery(program, Sql("select sum(Amount) as sumAmount  from  ") + Name(own.table) +
+                                                   "  Where WareCode=" + code + " and " + own.billColumn + "=" +
+                                                   bill.TxtBillCode.trimmed() + " ");
+    stock -= saved.Number("sumAmount");
     if (quantity - stock <= kStockTolerance)
         return false;
 
@@ -219,16 +245,13 @@ bool CheckStockEnough(Program& program, const BillText& bill, const QString& cod
 bool CheckBill(Program& program, BillText& bill)
 {
     const BillKind& kind = *bill.kind;
-    if (!CheckOperateRight(program, program.parameters.UserName, kind.operation, Action::Edit))
+    if (!CheckMayEdit(program, bill))
         return false;
-    if (IsDayClosed(program, bill.DTPDate, true))
-        return false;
-    if (kind.hasSource && !CheckWarehouse(program, bill.TxtWarehouseCodeF, bill.TxtWarehouseNameF, "发货仓库"))
+    if (kind.hasSource &&
+        !CheckWarehouse(program, bill.TxtWarehouseCodeF, bill.TxtWarehouseNameF, kind.sourceWarehouse))
         return false;
     if (!CheckWarehouse(program, bill.TxtWarehouseCodeS, bill.TxtWarehouseNameS, kind.warehouse))
         return false;
-    if (!CheckCurrency(program, bill) || !CheckBillLines(program, bill) || !CheckStock(program, bill) ||
-        !NumberBill(program, bill))
-        return false;
-    return !bill.TxtBillCode.trimmed().isEmpty() || Refuse(program, "单据编号不能为空！");
+    return CheckCurrency(program, bill) && CheckBillLines(program, bill) && CheckStock(program, bill) &&
+           NumberBill(program, bill);
 }

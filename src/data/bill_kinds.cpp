@@ -17,25 +17,26 @@ std::vector<GridColumn> Columns(std::initializer_list<GridColumn> figures)
 
 std::vector<BillKind> MakeKinds()
 {
-    const auto counted = Columns({{"数量", 1000}, {"成本价", 0}, {"金额", 0}});
-    const auto priced = Columns({{"数量", 1000}, {"单价", 1000}, {"成本价", 1000}, {"金额", 1000}});
-    const auto revalued = Columns({{"调价金额", 1500}});
-    const auto pieces = Columns({{"数量", 1000}, {"成本价", 1000}, {"金额", 1000}});
+    const auto counted = Columns({{"数量", 1000, true}, {"成本价", 0, true}, {"金额", 0, true}});
+    const auto priced =
+        Columns({{"数量", 1000, true}, {"单价", 1000, true}, {"成本价", 1000, true}, {"金额", 1000, true}});
+    const auto revalued = Columns({{"调价金额", 1500, true}});
+    const auto pieces = Columns({{"数量", 1000, true}, {"成本价", 1000, true}, {"金额", 1000, true}});
     return {
-        {"同价调拨单", "同价调拨", "TabSamePriceMove", "TabSamePriceMoveInf", "TDD", LineShape::Counted, true, true,
-         "收货仓库", "收货仓库", "SP-TJDB.xls", counted},
-        {"异价调拨单", "异价调拨", "TabDiffPriceMove", "TabDiffPriceMoveInf", "YDD", LineShape::Priced, true, true,
-         "收货仓库", "收货仓库", "SP-TJDB.xls", priced},
-        {"盘点报损单", "盘点报损", "TabCheckLose", "TabCheckLoseInf", "BSD", LineShape::Counted, false, false,
-         "报损仓库", "盘点仓库", "SP-PDBS.xls", counted},
-        {"盘点报溢单", "盘点报溢", "TabCheckOver", "TabCheckOverInf", "BYD", LineShape::Counted, false, false,
-         "报溢仓库", "盘点仓库", "SP-PDBY.xls", counted},
-        {"商品调价单", "商品调价", "TabChangePrice", "TabChangePriceInf", "TJD", LineShape::Revalued, false, false,
-         "调价仓库", "调价仓库", "SP-SPTJ.xls", revalued},
-        {"商品组装单", "商品组装", "TabWareGroup", "TabWareGroupInf", "ZZD", LineShape::Pieces, true, true, "收存仓库",
-         "收存仓库", "SP-ZZSP.xls", pieces},
-        {"商品拆卸单", "商品拆卸", "TabWarePiece", "TabWarePieceInf", "CXD", LineShape::Pieces, true, true, "收存仓库",
-         "收存仓库", "SP-CXSP.xls", pieces},
+        {"同价调拨单", "同价调拨", "同价调拨", "TabSamePriceMove", "TabSamePriceMoveInf", "TDD", LineShape::Counted,
+         true, true, "发货仓库", "收货仓库", "收货仓库", "SP-TJDB.xls", counted},
+        {"异价调拨单", "异价调拨", "异价调拨", "TabDiffPriceMove", "TabDiffPriceMoveInf", "YDD", LineShape::Priced,
+         true, true, "发货仓库", "收货仓库", "收货仓库", "SP-TJDB.xls", priced},
+        {"盘点报损单", "盘点报损", "盘点报损", "TabCheckLose", "TabCheckLoseInf", "BSD", LineShape::Counted, false,
+         false, "发货仓库", "报损仓库", "盘点仓库", "SP-PDBS.xls", counted},
+        {"盘点报溢单", "盘点报溢", "盘点报溢", "TabCheckOver", "TabCheckOverInf", "BYD", LineShape::Counted, false,
+         false, "发货仓库", "报溢仓库", "盘点仓库", "SP-PDBY.xls", counted},
+        {"商品调价单", "商品调价", "商品调价", "TabChangePrice", "TabChangePriceInf", "TJD", LineShape::Revalued, false,
+         false, "发货仓库", "调价仓库", "调价仓库", "SP-SPTJ.xls", revalued},
+        {"商品组装单", "商品组装", "组装拆卸", "TabWareGroup", "TabWareGroupInf", "ZZD", LineShape::Pieces, true, true,
+         "发出仓库", "收存仓库", "收存仓库", "SP-ZZSP.xls", pieces},
+        {"商品拆卸单", "商品拆卸", "组装拆卸", "TabWarePiece", "TabWarePieceInf", "CXD", LineShape::Pieces, true, true,
+         "发出仓库", "收存仓库", "收存仓库", "SP-CXSP.xls", pieces},
     };
 }
 

@@ -19,18 +19,21 @@ struct GridColumn
 {
     QString caption;
     int width; // twips; 0 is hidden
+    bool isFigure = false;
 };
 
 struct BillKind
 {
     QString bill;      // 同价调拨单
-    QString operation; // 同价调拨: the operation word, BillType of the head, the function of its rights
+    QString operation; // 同价调拨: the operation word, BillType of the head
+    QString rights;    // the function that the rights to it are kept under
     const char* headTable;
     const char* lineTable; // the head table's name and Inf
     QString prefix;        // three letters that open its codes
     LineShape lines;
     bool hasSource;            // goods leave one warehouse (F) and arrive in another (S); otherwise S is the only one
     bool stockTested;          // refused when the source has too little
+    QString sourceWarehouse;   // 发货仓库: the word for F
     QString warehouse;         // 收货仓库: the word for S on a new bill and in messages
     QString recalledWarehouse; // the same on a recalled bill
     QString excelTemplate;     // SP-TJDB.xls

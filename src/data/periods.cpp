@@ -42,10 +42,24 @@ QDate EndOfPeriodBefore(Program& program, int year, int month)
     return QDate(year - 1, 12, 31);
 }
 
-bool ClosedBy(Program& program, const Sql& sql, const QDate& day)
+enum class DayState
 {
-    const std::optional<QDate> closed = OpenQuery(program, sql).Day("Datee");
-    return closed && *closed >= day;
+    Open,
+    Closed,
+    Unknown, // the question failed, which has been shown
+};
+
+DayState StateOf(Program& program, const QDate& day)
+{
+    for (const char* closings : {"TabTurn", "TabTurnDay"}) {
+        const Recordset last = OpenQuery(program, Sql("select max(Datee) as Datee from ") + Name(closings) + " ");
+        if (!last)
+            return DayState::Unknown;
+        const std::optional<QDate> closed = last.Day("Datee");
+        if (closed && *closed >= day)
+            return DayState::Closed;
+    }
+    return DayState::Open;
 }
 
 /// The first day of the accounting month that a day falls into; invalid where its period cannot be told.
@@ -66,20 +80,19 @@ QDate PeriodOf(Program& program, const QDate& day)
 
 bool IsDayClosed(Program& program, const QDate& day, bool showMessage)
 {
-    const bool closed = ClosedBy(program, Sql("select max(Datee) as Datee from TabTurn "), day) ||
-                        ClosedBy(program, Sql("select max(Datee) as Datee from TabTurnDay "), day);
-    if (closed && showMessage)
+    const DayState state = StateOf(program, day);
+    if (state == DayState::Closed && showMessage)
         program.prompt.Inform("今天已结转，禁止当前操作！");
-    return closed;
+    return state != DayState::Open;
 }
 
 bool HasWarehouseClosing(Program& program)
 {
     // Rows of 1900-01-01 are the mark of an empty closing.
-    if (OpenQuery(program, Sql("select * from TabTurn where Datee<>") + kNoDate + " ").isEmpty())
-        return false;
-    program.prompt.Inform("已经作过仓库期末结转，不允许再修改期初库存数！");
-    return true;
+    const Recordset closings = OpenQuery(program, Sql("select * from TabTurn where Datee<>") + kNoDate + " ");
+    if (!closings.isEmpty())
+        program.prompt.Inform("已经作过仓库期末结转，不允许再修改期初库存数！");
+    return !closings || !closings.isEmpty();
 }
 
 QString GetPeriodEndDay(Program& program, const QString& month, const QString& year)

@@ -5,8 +5,10 @@
 #include "handover/program.h"
 
 /// Whether a warehouse or day closing lies on or after this day. With `showMessage` a closed day is said to the user.
+/// A question that the database does not answer protects: its error has been shown and the day counts as closed.
 bool IsDayClosed(Program& program, const QDate& day, bool showMessage);
-/// Whether a real closing exists, which the user is told: opening stock may not be changed any more.
+/// Whether a real closing exists, which the user is told: opening stock may not be changed any more. An unanswered
+/// question protects here too.
 bool HasWarehouseClosing(Program& program);
 
 /// Last day of an accounting month; a month below 1 counts as 1, above 12 as 12, a blank year as the current one.

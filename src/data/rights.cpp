@@ -40,7 +40,7 @@ bool IsAllowed(Program& program, const QString& userName, const QString& functio
 
 bool Refuse(Program& program, const char* text)
 {
-    program.prompt.Inform(text);
+    Inform(program, text);
     return false;
 }
 } // namespace

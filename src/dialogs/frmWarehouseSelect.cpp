@@ -29,7 +29,7 @@ frmWarehouseSelect::frmWarehouseSelect(Program& program, const PickerTree& tree,
     auto* const layout = new QVBoxLayout(this);
     layout->setMenuBar(menus);
     layout->addWidget(bar);
-    if (!field.isEmpty())
+    if (!field.isEmpty() && field != tree.caption)
         layout->addWidget(new QLabel("选择：" + field));
     layout->addWidget(m_view, 1);
     layout->addWidget(new QLabel("提示：按上下方向键移动，按回车键或双击选取，按 Esc 键退出"));

@@ -1,5 +1,6 @@
 #include "frame/frmMain.h"
 
+#include "assembly/frmGroupPiece.h"
 #include "bills/frmWareManage.h"
 #include "frame/frmExit.h"
 #include "frame/frmMain_banner.h"
@@ -215,7 +216,9 @@ void frmMain::OpenBill()
 
 void frmMain::OpenAssembly()
 {
-    m_program.prompt.Inform("组装拆卸界面尚未安装！");
+    auto* const window = new frmGroupPiece(m_program);
+    window->show();
+    window->frm_Initialize(false, true);
 }
 
 void frmMain::closeEvent(QCloseEvent* event)

@@ -1,5 +1,6 @@
 #include "frame/start.h"
 
+#include "assembly/frmGroupPiece.h"
 #include "bills/frmWareManage.h"
 #include "data/bill_kinds.h"
 #include "data/decimals.h"
@@ -27,12 +28,20 @@ FirstWindow FirstWindowAlone(const RunParameters& parameters)
     return RecallOf(parameters.OperationsDirective2.trimmed()).value_or(FirstWindow::None);
 }
 
-void ShowRecalledBill(Program& program, QStringView moduleRunMode)
+/// The window of the saved bill that the hand-over names.
+template <typename Window>
+Window* ShowRecalled(Program& program)
 {
-    auto* const window = new frmWareManage(program);
+    auto* const window = new Window(program);
     window->FillBill(program.parameters.OperationsDirective3.trimmed(),
                      program.parameters.OperationsDirective4.trimmed());
     window->show();
+    return window;
+}
+
+void ShowRecalledBill(Program& program, QStringView moduleRunMode)
+{
+    auto* const window = ShowRecalled<frmWareManage>(program);
     if (moduleRunMode == kStandAloneMode)
         window->frm_Initialize(true);
 }
@@ -42,6 +51,20 @@ void ShowNewBill(Program& program)
     auto* const window = new frmWareManage(program);
     window->show();
     window->frm_Initialize(false);
+}
+
+void ShowRecalledAssembly(Program& program, QStringView moduleRunMode)
+{
+    auto* const window = ShowRecalled<frmGroupPiece>(program);
+    if (moduleRunMode == kStandAloneMode)
+        window->frm_Initialize(true, true);
+}
+
+void ShowNewAssembly(Program& program)
+{
+    auto* const window = new frmGroupPiece(program);
+    window->show();
+    window->frm_Initialize(false, true);
 }
 
 void ShowMain(Program& program)
@@ -61,8 +84,12 @@ bool ShowFirstWindow(Program& program, QStringView moduleRunMode)
     case FirstWindow::NewBill:
         ShowNewBill(program);
         return true;
-    case FirstWindow::RecalledAssembly: // the assembly window is not there yet
+    case FirstWindow::RecalledAssembly:
+        ShowRecalledAssembly(program, moduleRunMode);
+        return true;
     case FirstWindow::NewAssembly:
+        ShowNewAssembly(program);
+        return true;
     case FirstWindow::MainWindow:
         ShowMain(program);
         return true;

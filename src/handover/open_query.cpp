@@ -9,12 +9,25 @@ QString ErrorText(const StoreError& error)
     return "Error:" + QString::number(error.number) + "\r\n" + error.description;
 }
 
-void ReportError(Program& program, const StoreError& error)
+void ShowBox(Program& program, const HeldBox& box)
+{
+    if (box.isError)
+        program.prompt.Error(box.text);
+    else
+        program.prompt.Inform(box.text);
+}
+
+void ShowOrHold(Program& program, const HeldBox& box)
 {
     if (program.unitOpen)
-        program.heldErrors += ErrorText(error);
+        program.heldBoxes.push_back(box);
     else
-        program.prompt.Error(ErrorText(error));
+        ShowBox(program, box);
+}
+
+void ReportError(Program& program, const StoreError& error)
+{
+    ShowOrHold(program, {true, ErrorText(error)});
 }
 
 /// The open store; opens it where it is closed.
@@ -72,6 +85,11 @@ Recordset OpenQuery(Program& program, const Sql& sql)
     }
 }
 
+void Inform(Program& program, const QString& text)
+{
+    ShowOrHold(program, {false, text});
+}
+
 SaveUnit::SaveUnit(Program& program) : m_program(program)
 {
     Q_ASSERT(!program.unitOpen);
@@ -105,7 +123,7 @@ void SaveUnit::EndUnit()
 {
     m_open = false;
     m_program.unitOpen = false;
-    const QStringList errors = std::exchange(m_program.heldErrors, {});
-    for (const QString& error : errors)
-        m_program.prompt.Error(error);
+    const std::vector<HeldBox> boxes = std::exchange(m_program.heldBoxes, {});
+    for (const HeldBox& box : boxes)
+        ShowBox(m_program, box);
 }

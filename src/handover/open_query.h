@@ -10,8 +10,12 @@
 /// "Error:", its number and its description, and comes back as an unset recordset.
 Recordset OpenQuery(Program& program, const Sql& sql);
 
+/// Says something to the user; inside a unit, as soon as it has ended.
+void Inform(Program& program, const QString& text);
+
 /// What is written while it is open is stored whole at Commit or not at all. A failing statement inside it is left out
-/// and the next one runs, as everywhere. No box is open meanwhile: errors are shown when the unit ends.
+/// and the next one runs, as everywhere. No box is open meanwhile: errors and what Inform says are shown when the unit
+/// ends.
 class SaveUnit
 {
 public:

@@ -7,6 +7,8 @@
 #include "database/connection.h"
 #include "handover/run_parameters.h"
 
+#include <vector>
+
 /// Places codes of the account set: 0 or more that many places with grouping, -1 the default places with grouping,
 /// -2 plain decimal text, -3 the default places without grouping.
 struct DotType
@@ -14,6 +16,13 @@ struct DotType
     qint16 Price_DotLen = -3;
     qint16 Amount_DotLen = -3;
     qint16 Money_DotLen = -3;
+};
+
+/// A box that waits for the end of a unit.
+struct HeldBox
+{
+    bool isError; // of the database
+    QString text;
 };
 
 struct Program
@@ -28,8 +37,8 @@ struct Program
     Clock& clock;
     /// A SaveUnit is open, whatever the store has made of its unit meanwhile.
     bool unitOpen = false;
-    /// Error boxes raised while a unit is open; they are shown when it ends.
-    QStringList heldErrors;
+    /// Boxes raised while a unit is open; they are shown in this order when it ends.
+    std::vector<HeldBox> heldBoxes;
 };
 
 /// The connection string of the account set. Says so where the hand-over names none, and goes on regardless.

@@ -153,6 +153,20 @@ TEST(Demo, AssembliesAndDisassembliesBalance)
     EXPECT_TRUE(off.isEmpty()) << off.Text("Code").toStdString();
 }
 
+TEST(Demo, EveryAssemblyHasItsVoucherAndTheRowsBalance)
+{
+    const auto store = OpenSqliteFile(DemoFile());
+    EXPECT_EQ(CountOf(*store, "TabWarrant"), CountOf(*store, "TabWareGroup") + CountOf(*store, "TabWarePiece"));
+    const Recordset sums = store->Run(Sql("select sum(Debtor) as Debit,sum(Lender) as Credit,count(*) as Lines "
+                                          "from TabWarrantInf group by BillCode"));
+    for (int row = 0; row < sums.size(); ++row) {
+        EXPECT_NEAR(sums.Number("Debit", row), sums.Number("Credit", row), 0.0001);
+        EXPECT_GE(sums.Integer("Lines", row), 3);
+    }
+    EXPECT_EQ(store->Run(Sql("select distinct State from TabWarrant order by State")).size(), 2);
+    EXPECT_EQ(store->Run(Sql("select DateeM from TabWriteAccountant where State='已结账'")).size(), 6);
+}
+
 TEST(Demo, TheEngineCountsTheSameStock)
 {
     OpenedAccountSet set(DemoFile());

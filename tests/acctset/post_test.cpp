@@ -61,6 +61,38 @@ TEST_F(PostTest, ABillIsSavedShownAndRewritten)
     EXPECT_EQ(RunAcctset({"show", file, "盘点报溢单", "none"}).exitCode, 1);
 }
 
+TEST_F(PostTest, AssembliesTakeTheirProductAndShowTheirVoucher)
+{
+    const QByteArray head = R"("date":"2023-12-31","fields":{"TxtWarehouseNameF":"主仓","TxtWarehouseNameS":"主仓",
+                               "TxtWareCode":"010501001","TxtAmount":"2","TxtFee":"10")";
+    const QByteArray part = R"("商品编号":"010101001","数量":"4","成本价":"5")";
+    Outcome outcome = Post(R"({"bill":"商品组装单",)" + head + R"(},"lines":[{)" + part + "}]}");
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.error.toStdString();
+    EXPECT_EQ(Boxes(), QStringList("保存成功！"));
+    outcome = RunAcctset({"show", file, "商品组装单", answer["code"].toString()});
+    QJsonDocument shown = QJsonDocument::fromJson(outcome.out.toUtf8());
+    EXPECT_EQ(shown["head"]["SumMoney"], 30);
+    EXPECT_EQ(shown["head"]["Cost"], 15);
+    EXPECT_EQ(shown["lines"][0]["Moneyy"], 20);
+    EXPECT_EQ(shown["voucher"]["head"]["SumDebtor"], 40);
+    EXPECT_EQ(shown["voucher"]["rows"][0]["Debtor"], 30);
+    EXPECT_EQ(shown["voucher"]["rows"][2]["AccountantCode"], "1001");
+
+    // A recipe for one piece; books kept elsewhere.
+    outcome = Post(R"({"bill":"商品拆卸单","jxc":true,)" + head + R"(,"TxtCost":"15","ChAutoChen":false},"lines":[{)" +
+                   part + "}]}");
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_EQ(Boxes(), QStringList("成本分配不正确，请重新分配！(即合计金额加拆卸费用不等于拆卸商品金额合计！)"));
+    outcome = Post(R"({"bill":"商品拆卸单","jxc":true,)" + head +
+                   R"(,"TxtCost":"15"},"lines":[{"商品编号":"010101001","数量":"4","成本价":"10"}]})");
+    EXPECT_EQ(outcome.exitCode, 0);
+    outcome = RunAcctset({"show", file, "商品拆卸单", answer["code"].toString()});
+    EXPECT_TRUE(QJsonDocument::fromJson(outcome.out.toUtf8())["voucher"].isNull());
+    EXPECT_EQ(Post(R"({"bill":"商品组装单",)" + head + R"(,"ChAutoChen":true},"lines":[{)" + part + "}]}").exitCode, 0);
+    outcome = RunAcctset({"show", file, "商品组装单", answer["code"].toString()});
+    EXPECT_EQ(QJsonDocument::fromJson(outcome.out.toUtf8())["lines"][0]["Amount"], 8);
+}
+
 TEST_F(PostTest, RefusalsExitWithOneAndWrongUseWithTwo)
 {
     const struct
@@ -79,7 +111,9 @@ TEST_F(PostTest, RefusalsExitWithOneAndWrongUseWithTwo)
         {R"({"bill":"盘点报溢单","lines":{}})", 2, ""},
         {R"({"bill":"盘点报溢单","answers":["yes"]})", 2, ""},
         {R"({"bill":"盘点报溢单","date":"2023-02-30"})", 2, ""},
-        {R"({"bill":"商品组装单"})", 2, ""},
+        {R"({"bill":"商品组装单"})", 1, "发出仓库不能为空！"},
+        {R"({"bill":"商品组装单","fields":{"TxtTotalMoney":"1"}})", 2, ""},
+        {R"({"bill":"盘点报溢单","fields":{"TxtAmount":"1"}})", 2, ""},
         {R"({"bill":)", 2, ""},
     };
     for (const auto& c : cases) {

@@ -1,110 +1,11 @@
-#include "bills/frmWareManage.h"
-
-#include "bills/grid_view.h"
-#include "screen.h"
+#include "ware_window.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLabel>
-#include <QLineEdit>
-#include <QSignalSpy>
-#include <QTest>
-#include <QToolButton>
 
 namespace {
-
-/// The real window on the small account set; keys go to whatever has the focus.
-class WareManageTest : public BillScreen
-{
-protected:
-    void OpenNew(const char* operation)
-    {
-        test.program.parameters.OperateType = operation;
-        window.reset(new frmWareManage(test.program));
-        window->setAttribute(Qt::WA_DeleteOnClose, false);
-        Show();
-        window->frm_Initialize(false);
-    }
-    void OpenSaved(const char* table, const QString& code)
-    {
-        window.reset(new frmWareManage(test.program));
-        window->setAttribute(Qt::WA_DeleteOnClose, false);
-        window->FillBill(table, code);
-        Show();
-    }
-    void Show()
-    {
-        window->show();
-        window->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    }
-
-    void Press(std::initializer_list<Qt::Key> keys, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        for (const Qt::Key key : keys)
-            QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    }
-    void TypeText(const QString& text) { QTest::keyClicks(QApplication::focusWidget(), text); }
-    void TypeAndEnter(std::initializer_list<const char*> texts)
-    {
-        for (const char* text : texts) {
-            TypeText(text);
-            Press({Qt::Key_Return});
-        }
-    }
-    /// The head of a new transfer, up to the first cell of the grid.
-    void TypeHead() { TypeAndEnter({"101", "102", "", "memo", ""}); }
-
-    template <typename Widget>
-    Widget* Find(const char* name)
-    {
-        auto* const found = window->findChild<Widget*>(name);
-        EXPECT_TRUE(found) << name;
-        return found;
-    }
-    QString Box(const char* name) { return Find<QLineEdit>(name)->text(); }
-    bool Shown(const char* name) { return Find<QWidget>(name)->isVisible(); }
-    QString Focus() { return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString(); }
-    std::pair<int, int> At() { return {window->bill().MSH.currentRow, window->bill().MSH.currentColumn}; }
-    /// A line as the grid shows it: the texts of the columns in sight.
-    QStringList Line(int row)
-    {
-        const auto* const grid = Find<GridView>("MSH");
-        QStringList texts;
-        for (int column = 0; column < grid->model()->columnCount(); ++column)
-            if (!grid->isColumnHidden(column))
-                texts << grid->model()->index(row - 1, column).data().toString();
-        return texts;
-    }
-    void ClickCell(int row, int column)
-    {
-        auto* const grid = Find<GridView>("MSH");
-        const QModelIndex index = grid->model()->index(row - 1, column - 1);
-        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, grid->visualRect(index).center());
-    }
-    /// Keys of the toolbar that can be pressed, in order, without Tool.
-    QString Keys()
-    {
-        QStringList keys;
-        for (const BillKey& key : BillKeys())
-            if (Find<QToolButton>(key.control)->isEnabled())
-                keys << QString(key.control).mid(4);
-        return keys.join(' ');
-    }
-    QStringList Row(const char* table)
-    {
-        const Recordset rows = test.Run(Sql("select * from ") + Name(table));
-        QStringList texts;
-        for (const QString& column : rows.columns())
-            texts << rows.Text(column);
-        return texts;
-    }
-    int Count(const char* table) { return test.Run(Sql("select * from ") + Name(table)).size(); }
-
-    std::unique_ptr<frmWareManage> window;
-};
 
 TEST_F(WareManageTest, ATransferIsTypedAndSavedByKeyboard)
 {
@@ -169,6 +70,7 @@ TEST_F(WareManageTest, TheKindDecidesWhatTheHeadShows)
         EXPECT_EQ(Shown("LabTotalAmount"), kind.amount);
         EXPECT_EQ(Shown("LabTotalMoney"), kind.money);
         EXPECT_FALSE(Shown("FrameMoneyType"));
+        EXPECT_EQ(Find<QAction>("FJXCAccount")->isVisible(), QString(kind.operation) != "同价调拨");
         EXPECT_EQ(Focus(), kind.first);
     }
 }
@@ -187,11 +89,12 @@ TEST_F(WareManageTest, TheStateOfABillLocksItsKeys)
     const QDate open(2023, 2, 8);
     const Case cases[] = {
         {"saved", "", "正常", open,
-         "Build Save Auditing UnAuditing Delete InsertRow DeleteRow RedWord Print Before Back Exit", "未审核", true},
-        {"audited", "张三", "正常", open, "Build UnAuditing Print Before Back Exit", "已审核", false},
-        {"voided", "", "作废", open, "Build Delete Print Before Back Exit", "作废未审核", false},
-        {"voided and audited", "张三", "作废", open, "Build Delete Print Before Back Exit", "作废已审核", false},
-        {"closed", "", "正常", QDate(2023, 1, 31), "Build Print Before Back Exit", "未审核", false},
+         "Build Save Auditing UnAuditing Delete InsertRow DeleteRow RedWord Print Pos Img Before Back Exit", "未审核",
+         true},
+        {"audited", "张三", "正常", open, "Build UnAuditing Print Img Before Back Exit", "已审核", false},
+        {"voided", "", "作废", open, "Build Delete Print Img Before Back Exit", "作废未审核", false},
+        {"voided and audited", "张三", "作废", open, "Build Delete Print Img Before Back Exit", "作废已审核", false},
+        {"closed", "", "正常", QDate(2023, 1, 31), "Build Print Img Before Back Exit", "未审核", false},
     };
     test.Insert("TabTurn", {{"Datee", QDate(2023, 1, 31)}});
     for (const Case& saved : cases) {
@@ -215,7 +118,7 @@ TEST_F(WareManageTest, TheStateOfABillLocksItsKeys)
         EXPECT_EQ(Shown("Combol2"), saved.isOpen);
     }
     OpenNew("盘点报损");
-    EXPECT_EQ(Keys(), "Build Save Auditing UnAuditing Delete InsertRow DeleteRow RedWord Before Back Exit");
+    EXPECT_EQ(Keys(), "Build Save Auditing UnAuditing Delete InsertRow DeleteRow RedWord Pos Img Before Back Exit");
 }
 
 TEST_F(WareManageTest, ASavedBillComesBackAndItsNeighboursFollow)
@@ -331,7 +234,7 @@ TEST_F(WareManageTest, ARefusedSaveShowsTheCellAtFault)
 {
     OpenNew("盘点报损");
     TypeAndEnter({"101", "", "", "", "A001"});
-    Press({Qt::Key_Down});
+    Press({Qt::Key_Down, Qt::Key_Right});
     TypeText("X9");
     Press({Qt::Key_Escape, Qt::Key_Up});
     Press({Qt::Key_S}, Qt::ControlModifier);

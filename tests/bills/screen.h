@@ -13,10 +13,11 @@
 
 #include <gtest/gtest.h>
 
-class BillScreen : public testing::Test
+template <typename Bill>
+class ScreenOf : public testing::Test
 {
 protected:
-    explicit BillScreen(const QString& databaseType = "Access") : test(databaseType)
+    explicit ScreenOf(const QString& databaseType = "Access") : test(databaseType)
     {
         test.Insert("TabWarehouseType", {{"Code", "1"}, {"Name", "总库"}, {"ParentCode", "0"}});
         test.Insert("TabWarehouseType", {{"Code", "101"}, {"Name", "主仓"}, {"ParentCode", "1"}});
@@ -46,13 +47,8 @@ protected:
         LoadDecimalPlaces(test.program);
     }
 
-    /// A blank bill of a kind with its warehouses chosen.
-    void Open(const char* operation)
+    void ChooseWarehouses()
     {
-        test.program.parameters.OperateType = operation;
-        bill = {};
-        LoadWindow(test.program, bill);
-        frm_Initialize(test.program, bill, false);
         bill.TxtWarehouseCodeF = "101";
         bill.TxtWarehouseNameF = "主仓";
         bill.TxtWarehouseCodeS = "102";
@@ -101,6 +97,22 @@ protected:
     }
 
     TestProgram test;
-    BillText bill;
+    Bill bill;
     Posting posting;
+};
+
+class BillScreen : public ScreenOf<BillText>
+{
+protected:
+    using ScreenOf::ScreenOf;
+
+    /// A blank bill of a kind with its warehouses chosen.
+    void Open(const char* operation)
+    {
+        test.program.parameters.OperateType = operation;
+        bill = {};
+        LoadWindow(test.program, bill);
+        frm_Initialize(test.program, bill, false);
+        ChooseWarehouses();
+    }
 };

@@ -18,6 +18,17 @@ TEST(Periods, ADayIsClosedByTheLastClosing)
     EXPECT_EQ(test.prompt.TakeTexts(), QStringList{"今天已结转，禁止当前操作！"});
 }
 
+TEST(Periods, AnUnansweredQuestionProtects)
+{
+    TestProgram test;
+    test.Run(Sql("drop table TabTurn"));
+    EXPECT_TRUE(IsDayClosed(test.program, QDate(2023, 2, 8), true));
+    EXPECT_TRUE(HasWarehouseClosing(test.program));
+    for (const auto& box : test.prompt.boxes)
+        EXPECT_EQ(box.kind, "error");
+    EXPECT_EQ(test.prompt.boxes.size(), 2U);
+}
+
 TEST(Periods, OnlyARealClosingGuardsTheOpeningStock)
 {
     TestProgram test;

@@ -58,21 +58,28 @@ TEST(Start, AWordThatNamesNothingEndsAModuleSoldAlone)
 
 TEST(Start, ASavedBillOpensAndTheHandOverIsGone)
 {
-    TestProgram test;
-    test.InsertBill("TabCheckOver", {{"Code", "BYD1"}, {"Datee", QDate(2023, 2, 8)}}, {{{"WareCode", "A001"}}});
-    ASSERT_TRUE(WriteRunParameters(test.folder.path(), test.program.parameters,
-                                   {"盘点报溢原单查看", "盘点报溢", " TabCheckOver ", "BYD1 ", ""}));
-    const auto program = Main(test.folder.path(), test.prompt, test.clock, kInTheSuite);
-    ASSERT_TRUE(program);
-    EXPECT_FALSE(QFile::exists(test.folder.filePath("CfgVault.dll")));
-    QWidgetList shown;
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (window->isVisible())
-            shown << window;
-    ASSERT_EQ(shown.size(), 1);
-    EXPECT_EQ(shown.front()->windowTitle(), "盘点报溢单 BYD1");
-    EXPECT_TRUE(program->parameters.IsAccess);
-    delete shown.front();
+    struct Case
+    {
+        QString word, table;
+    };
+    for (const Case& bill : {Case{"盘点报溢", "TabCheckOver"}, Case{"商品拆卸", "TabWarePiece"}}) {
+        TestProgram test;
+        test.InsertBill(bill.table.toUtf8(), {{"Code", "BILL1"}, {"Datee", QDate(2023, 2, 8)}},
+                        {{{"WareCode", "A001"}}});
+        ASSERT_TRUE(WriteRunParameters(test.folder.path(), test.program.parameters,
+                                       {bill.word + "原单查看", bill.word, " " + bill.table + " ", "BILL1 ", ""}));
+        const auto program = Main(test.folder.path(), test.prompt, test.clock, kInTheSuite);
+        ASSERT_TRUE(program);
+        EXPECT_FALSE(QFile::exists(test.folder.filePath("CfgVault.dll")));
+        QWidgetList shown;
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->isVisible())
+                shown << window;
+        ASSERT_EQ(shown.size(), 1);
+        EXPECT_EQ(shown.front()->windowTitle(), bill.word + "单 BILL1");
+        EXPECT_TRUE(program->parameters.IsAccess);
+        delete shown.front();
+    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "base_data.h"
 
 #include "catalogue.h"
+#include "data/decimals.h"
 
 #include <algorithm>
 
@@ -76,18 +77,22 @@ const std::vector<BaseTable> kBaseTables = {
      {"其他入库|是", "自产入库|是", "采购赠品|否", "其他出库|是", "样品领用|否", "办公领用|否"}},
     {"TabAccountantType",
      "Code|Name|ParentCode|WLHS|BMHS|GRHS|ZDYHS|FC",
-     {"1001|库存现金|0|0|0|0|0|0", "1122|应收账款|0|1|0|0|0|0", "1405|库存商品|0|0|0|0|0|0",
-      "2202|应付账款|0|1|0|0|0|0", "5101|制造费用|0|0|0|0|0|0", "510101|组装费用|5101|0|1|0|0|0",
-      "6401|主营业务成本|0|0|0|0|0|0"}},
+     {"1001|库存现金|0|0|0|0|0|0",      "1002|银行存款|0|0|0|0|0|0",      "100201|工商银行|1002|0|0|0|0|0",
+      "1122|应收账款|0|1|0|0|0|0",      "1123|预付账款|0|1|0|0|0|0",      "1405|库存商品|0|0|0|0|0|0",
+      "140501|外购商品|1405|0|0|0|0|0", "140502|组装商品|1405|0|0|0|0|0", "1601|固定资产|0|0|0|0|0|0",
+      "2202|应付账款|0|1|0|0|0|0",      "2211|应付职工薪酬|0|0|0|0|0|0",  "2221|应交税费|0|0|0|0|0|0",
+      "4001|实收资本|0|0|0|0|0|0",      "4103|本年利润|0|0|0|0|0|0",      "5101|制造费用|0|0|0|0|0|0",
+      "510101|组装费用|5101|0|1|0|0|0", "510102|拆卸费用|5101|0|1|0|0|0", "6001|主营业务收入|0|0|0|0|0|0",
+      "6401|主营业务成本|0|0|0|0|0|0",  "6601|销售费用|0|0|1|0|0|0",      "6602|管理费用|0|0|1|0|0|0"}},
     {"TabAccountantNameSet", "Code|Name|Main", {"1|总账|1", "2|内部账|0"}},
     {"TabWarrantTypeSet", "Name|Zi", {"记账凭证|记", "转账凭证|转"}},
     {"TabJXCAccount",
      "JXCTabName|Item|AccountCode|AccountName|FX|IsFuShu|IsWarrant|AccountBook1|WarrantType",
-     {"商品组装单|组装成商品的金额|1405|库存商品|借方|否|1|1|记账凭证",
+     {"商品组装单|组装成商品的金额|140502|组装商品|借方|否|1|1|记账凭证",
       "商品组装单|商品组装费用的借方|510101|组装费用|借方|否|1|1|记账凭证",
       "商品组装单|商品组装费用的贷方|1001|库存现金|贷方|否|1|1|记账凭证",
-      "商品拆卸单|拆卸成商品我金额|1405|库存商品|贷方|否|1|1|记账凭证",
-      "商品拆卸单|商品拆卸费用的借方|510101|组装费用|借方|否|1|1|记账凭证",
+      "商品拆卸单|拆卸成商品我金额|140502|组装商品|贷方|否|1|1|记账凭证",
+      "商品拆卸单|商品拆卸费用的借方|510102|拆卸费用|借方|否|1|1|记账凭证",
       "商品拆卸单|商品拆卸费用的贷方|1001|库存现金|贷方|否|1|1|记账凭证"}},
 };
 
@@ -132,6 +137,14 @@ constexpr Right kRights[] = {
     {"备份数据库", "00000"},
     {"恢复数据库", "00000"},
 };
+
+/// The inventory account of a good: sets that are put together have their own, services have none.
+QString AccountOf(const Good& good)
+{
+    if (good.trait == Trait::Service)
+        return {};
+    return good.classCode.startsWith("0105") ? "140502" : "140501";
+}
 
 void WriteTree(NewAccountSet& accountSet, const char* table, const std::vector<TreeRow>& rows)
 {
@@ -181,11 +194,10 @@ void WriteGoods(NewAccountSet& accountSet, const std::vector<Good>& goods)
 {
     WriteTree(accountSet, "TabWareType", GoodsClasses());
     for (const Good& good : goods) {
-        const bool service = good.trait == Trait::Service;
         accountSet.Insert("TabWare",
                           {good.code, good.name, good.spec, good.unit, good.secondUnit, good.relation, good.mnemonic,
                            good.barcode, AttributeRoot(good.trait), CostMethodWord(good.method),
-                           QString(service ? "否" : "是"), good.cost, QString(service ? "" : "1405"), good.classCode});
+                           YesNoFlagText(good.trait != Trait::Service), good.cost, AccountOf(good), good.classCode});
     }
 }
 

@@ -12,5 +12,7 @@ int CreateCommand(const QStringList& arguments)
     if (line.IsSet("demo"))
         FillDemo(accountSet);
     accountSet.Finish();
+    if (line.IsSet("demo"))
+        WriteDemoVouchers(line.Word(0));
     return kDone;
 }

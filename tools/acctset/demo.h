@@ -6,3 +6,5 @@
 #include "new_account_set.h"
 
 void FillDemo(NewAccountSet& accountSet);
+/// The vouchers of the year's assemblies in the finished file, those before the close posted.
+void WriteDemoVouchers(const QString& path);

@@ -1,6 +1,9 @@
 // acctset post: a bill described in JSON goes through the checks and the posting that a user's save goes through.
 #include "commands.h"
 
+#include "assembly/assembly_lifecycle.h"
+#include "assembly/assembly_save.h"
+#include "assembly/piece_head.h"
 #include "bills/head_fields.h"
 #include "bills/lifecycle.h"
 #include "bills/line_columns.h"
@@ -12,10 +15,9 @@
 #include "data/lookups.h"
 #include "database/sqlite_store.h"
 #include "handover/open_query.h"
+#include "post_request.h"
 
-#include <QFile>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <deque>
 
 namespace {
@@ -44,177 +46,6 @@ private:
     void Keep(const char* kind, const QString& text) { boxes.append(QJsonObject{{"kind", kind}, {"text", text}}); }
 };
 
-WrongUse Wrong(const QString& text)
-{
-    return {"the bill: " + text};
-}
-
-QJsonObject ReadBillFile(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw WrongUse{QString("\"%1\" cannot be read").arg(path)};
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
-    if (error.error != QJsonParseError::NoError)
-        throw WrongUse{QString("\"%1\" is no JSON: %2 at byte %3").arg(path, error.errorString()).arg(error.offset)};
-    if (!document.isObject())
-        throw WrongUse{QString("\"%1\" holds no JSON object").arg(path)};
-    return document.object();
-}
-
-QString TextIn(const QJsonValue& value, const QString& where)
-{
-    if (value.isString())
-        return value.toString();
-    if (value.isDouble())
-        return NumberText(value.toDouble());
-    throw Wrong(where + " must be a text or a number");
-}
-
-bool FlagIn(const QJsonValue& value, const QString& where)
-{
-    if (!value.isBool())
-        throw Wrong(where + " must be true or false");
-    return value.toBool();
-}
-
-QJsonArray ArrayIn(const QJsonValue& value, const QString& where)
-{
-    if (!value.isArray())
-        throw Wrong(where + " must be a list");
-    return value.toArray();
-}
-
-QJsonObject ObjectIn(const QJsonValue& value, const QString& where)
-{
-    if (!value.isObject())
-        throw Wrong(where + " must be an object");
-    return value.toObject();
-}
-
-struct LineText
-{
-    QString code; // the good is chosen by code or, without one, by name
-    QString name;
-    std::vector<std::pair<int, QString>> cells; // typed afterwards, in column order
-};
-
-/// The file, understood and checked against the kind before anything is opened.
-struct PostRequest
-{
-    const BillKind* kind = nullptr;
-    QDate date;
-    QString operatorName;
-    QString code; // of a saved bill that is to be rewritten
-    QString databaseType = "Access";
-    bool lotMoney = false;
-    bool withoutAccounting = false;
-    std::vector<std::pair<const HeadField*, QString>> fields;
-    std::vector<std::pair<const HeadCheck*, bool>> checks;
-    std::optional<std::vector<LineText>> lines;
-    std::deque<bool> answers;
-};
-
-void ReadFields(PostRequest& request, const QJsonObject& fields)
-{
-    for (auto field = fields.begin(); field != fields.end(); ++field) {
-        const HeadField* known = FindHeadField(field.key());
-        const HeadCheck* check = FindHeadCheck(field.key());
-        if (check)
-            request.checks.emplace_back(check, FlagIn(field.value(), field.key()));
-        else if (known && known->typed)
-            request.fields.emplace_back(known, TextIn(field.value(), field.key()));
-        else
-            throw Wrong(QString("there is no field \"%1\" to type into").arg(field.key()));
-    }
-}
-
-LineText ReadLine(const BillKind& kind, const QJsonObject& cells)
-{
-    const LineColumns at(kind);
-    LineText line;
-    for (const QString& caption : cells.keys()) {
-        const int column = ColumnIndex(kind, caption);
-        if (column == 0 || column == at.money || column == at.cost)
-            throw Wrong(QString("a line of %1 has no column \"%2\" to type into").arg(kind.bill, caption));
-        const QString text = TextIn(cells[caption], caption);
-        if (column == at.code)
-            line.code = text;
-        else if (column == at.name)
-            line.name = text;
-        else
-            line.cells.emplace_back(column, text);
-    }
-    std::ranges::sort(line.cells);
-    return line;
-}
-
-void ReadLines(PostRequest& request, const QJsonArray& lines)
-{
-    request.lines.emplace();
-    for (const QJsonValue line : lines)
-        request.lines->push_back(ReadLine(*request.kind, ObjectIn(line, "each line")));
-}
-
-void ReadAnswers(PostRequest& request, const QJsonArray& answers)
-{
-    for (const QJsonValue answer : answers) {
-        const QString word = answer.toString();
-        if (word != u"是" && word != u"否")
-            throw Wrong("an answer must be 是 or 否");
-        request.answers.push_back(word == u"是");
-    }
-}
-
-QDate DateIn(const QString& text)
-{
-    const std::optional<QDate> day = ParseDay(text);
-    if (!day)
-        throw Wrong(QString("date must be a date such as 2023-02-08, not \"%1\"").arg(text));
-    return *day;
-}
-
-QString DatabaseTypeIn(const QString& text)
-{
-    if (text != u"Access" && text != u"Access2")
-        throw Wrong("type must be Access or Access2");
-    return text;
-}
-
-PostRequest ReadRequest(const QJsonObject& bill)
-{
-    PostRequest request;
-    request.kind = KindOfBill(bill["bill"].toString());
-    if (!request.kind || request.kind->lines == LineShape::Pieces)
-        throw Wrong(QString("there is no bill \"%1\" to post").arg(bill["bill"].toString()));
-    for (auto entry = bill.begin(); entry != bill.end(); ++entry) {
-        const QString key = entry.key();
-        const QJsonValue value = entry.value();
-        if (key == u"date")
-            request.date = DateIn(TextIn(value, key));
-        else if (key == u"operator")
-            request.operatorName = TextIn(value, key);
-        else if (key == u"code")
-            request.code = TextIn(value, key);
-        else if (key == u"type")
-            request.databaseType = DatabaseTypeIn(TextIn(value, key));
-        else if (key == u"lotMoney")
-            request.lotMoney = FlagIn(value, key);
-        else if (key == u"jxc")
-            request.withoutAccounting = FlagIn(value, key);
-        else if (key == u"fields")
-            ReadFields(request, ObjectIn(value, key));
-        else if (key == u"lines")
-            ReadLines(request, ArrayIn(value, key));
-        else if (key == u"answers")
-            ReadAnswers(request, ArrayIn(value, key));
-        else if (key != u"bill")
-            throw Wrong(QString("\"%1\" means nothing").arg(key));
-    }
-    return request;
-}
-
 RunParameters ParametersOf(const PostRequest& request, RunParameters parameters)
 {
     parameters.DatabaseType = request.databaseType;
@@ -239,27 +70,54 @@ void TypeWarehouse(Program& program, BillText& bill, const HeadField& field, con
         bill = lookedUp;
 }
 
-void TypeHead(Program& program, BillText& bill, const PostRequest& request)
-{
-    if (request.date.isValid())
-        bill.DTPDate = request.date;
-    for (const auto& [check, on] : request.checks)
-        bill.*check->flag = on;
-    // By control name, so that a code given beside a name is typed last.
-    for (const auto& [field, text] : request.fields) {
-        if (field->text == &BillText::TxtWarehouseNameF || field->text == &BillText::TxtWarehouseNameS)
-            TypeWarehouse(program, bill, *field, text);
-    }
-    for (const auto& [field, text] : request.fields) {
-        if (field->text != &BillText::TxtWarehouseNameF && field->text != &BillText::TxtWarehouseNameS)
-            bill.*field->text = text;
-    }
-}
-
 /// The text of an attribute's cell as its picker leaves it.
 QString AttributeText(Program& program, const QString& text)
 {
     return text.contains('>') ? text : AttributeCell(program, text);
+}
+
+/// The product is chosen by code or, without one, by what its box is typed into; then the other boxes are.
+void TypeProduct(Program& program, GroupPieceText& bill, const PostRequest& request)
+{
+    if (const auto code = request.fields.find("TxtWareCode"); code != request.fields.end()) {
+        ChooseProduct(program, bill, code->second);
+    } else if (const auto name = request.fields.find("TxtWareName"); name != request.fields.end()) {
+        bill.TxtWareName = name->second;
+        LookUpProduct(program, bill);
+    }
+    for (const auto& [control, text] : request.fields) {
+        if (control == u"TxtWareCode" || control == u"TxtWareName" || FindHeadField(control))
+            continue;
+        *HeadText(bill, control) = control == u"TxtWareAttribute" ? AttributeText(program, text) : text;
+        HeadTextChanged(program, bill, control);
+        if (control == u"TxtCost")
+            HeadKeyPressed(program, bill, control);
+    }
+}
+
+void TypeHead(Program& program, BillText& bill, const PostRequest& request)
+{
+    if (request.date.isValid())
+        bill.DTPDate = request.date;
+    for (const auto& [control, on] : request.checks)
+        *HeadFlag(bill, control) = on;
+    // A code given beside a name is typed last.
+    const auto isWarehouse = [](const HeadField& field) {
+        return field.text == &BillText::TxtWarehouseNameF || field.text == &BillText::TxtWarehouseNameS;
+    };
+    for (const bool warehouses : {true, false}) {
+        for (const auto& [control, text] : request.fields) {
+            const HeadField* const field = FindHeadField(control);
+            if (!field || isWarehouse(*field) != warehouses)
+                continue;
+            if (warehouses)
+                TypeWarehouse(program, bill, *field, text);
+            else
+                bill.*field->text = text;
+        }
+    }
+    if (auto* const piece = dynamic_cast<GroupPieceText*>(&bill))
+        TypeProduct(program, *piece, request);
 }
 
 void TypeLine(Program& program, BillText& bill, const LineText& line)
@@ -282,8 +140,14 @@ void TypeLine(Program& program, BillText& bill, const LineText& line)
         EnterCell(program, bill, line.name);
     }
     for (const auto& [column, text] : line.cells) {
-        if (column == at.unit || column == at.attribute)
-            grid.SetCell(row, column, column == at.unit ? text : AttributeText(program, text));
+        if (column == at.unit || column == at.attribute) {
+            grid.currentRow = row;
+            grid.currentColumn = column;
+        }
+        if (column == at.unit)
+            ChooseUnit(program, bill, text);
+        else if (column == at.attribute)
+            grid.SetCell(row, column, AttributeText(program, text));
         else
             type(column, text);
     }
@@ -294,12 +158,33 @@ void TypeLine(Program& program, BillText& bill, const LineText& line)
 void TypeBill(Program& program, BillText& bill, const PostRequest& request)
 {
     TypeHead(program, bill, request);
-    if (!request.lines)
-        return;
-    BuildGridColumns(program, bill);
-    for (const LineText& line : *request.lines)
-        TypeLine(program, bill, line);
-    SumBillTotals(program, bill);
+    if (request.lines) {
+        BuildGridColumns(program, bill);
+        for (const LineText& line : *request.lines)
+            TypeLine(program, bill, line);
+        SumBillTotals(program, bill);
+        bill.LinesChanged(program);
+    }
+    // A recipe is multiplied once its lines are there.
+    if (auto* const piece = dynamic_cast<GroupPieceText*>(&bill); piece && piece->ChAutoChen)
+        ClickAutoChen(program, *piece, true);
+}
+
+void OpenWindow(Program& program, BillText& bill)
+{
+    if (auto* const piece = dynamic_cast<GroupPieceText*>(&bill)) {
+        LoadGroupPiece(program, *piece);
+        frm_Initialize(program, *piece, false);
+    } else {
+        LoadWindow(program, bill);
+        frm_Initialize(program, bill, false);
+    }
+}
+
+Posting SaveBill(Program& program, BillText& bill)
+{
+    auto* const piece = dynamic_cast<GroupPieceText*>(&bill);
+    return piece ? FSave(program, *piece) : FSave(program, bill);
 }
 
 /// Whether the account set holds what this save was to write, whatever a box has said.
@@ -318,8 +203,7 @@ bool IsStored(Program& program, const BillKind& kind, const Posting& posting)
 bool PostBill(Program& program, BillText& bill, const PostRequest& request, Posting& posting)
 {
     LoadDecimalPlaces(program);
-    LoadWindow(program, bill);
-    frm_Initialize(program, bill, false);
+    OpenWindow(program, bill);
     if (!request.code.isEmpty()) {
         FillBill(program, bill, request.kind->headTable, request.code);
         if (bill.TxtBillCode.isEmpty())
@@ -330,7 +214,7 @@ bool PostBill(Program& program, BillText& bill, const PostRequest& request, Post
         }
     }
     TypeBill(program, bill, request);
-    posting = FSave(program, bill);
+    posting = SaveBill(program, bill);
     return IsStored(program, *request.kind, posting);
 }
 
@@ -349,9 +233,9 @@ int PostCommand(const QStringList& arguments)
     prompt.answers = request.answers;
     Program program(set.program.folder, ParametersOf(request, set.program.parameters), prompt, set.clock,
                     [path = line.Word(0)](const QString&) { return OpenSqliteFile(path); });
-    BillText bill;
+    const std::unique_ptr<BillText> bill = MakeScreen(*request.kind);
     Posting posting;
-    const bool saved = PostBill(program, bill, request, posting);
-    PrintJson({{"saved", saved}, {"code", posting.stored ? posting.code : bill.TxtBillCode}, {"boxes", prompt.boxes}});
+    const bool saved = PostBill(program, *bill, request, posting);
+    PrintJson({{"saved", saved}, {"code", posting.stored ? posting.code : bill->TxtBillCode}, {"boxes", prompt.boxes}});
     return saved ? kDone : kRefused;
 }

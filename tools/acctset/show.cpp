@@ -34,11 +34,32 @@ QString JsonRow(const Recordset& rows, int row)
     return "{" + members.join(",") + "}";
 }
 
+QString JsonRows(const Recordset& rows)
+{
+    QStringList shown;
+    for (int row = 0; row < rows.size(); ++row)
+        shown << JsonRow(rows, row);
+    return "[" + shown.join(",") + "]";
+}
+
+/// The accounting voucher of an assembly with its rows; null without one.
+QString JsonVoucher(Program& program, const QString& billCode)
+{
+    const Recordset head = OpenQuery(program, Sql("select * from TabWarrant where JXCBillCode=") + billCode);
+    if (head.isEmpty())
+        return "null";
+    const Recordset rows =
+        OpenQuery(program, Sql("select * from TabWarrantInf where BillCode=") + head.Text("Code") + " order by Num");
+    return "{\"head\":" + JsonRow(head, 0) + ",\"rows\":" + JsonRows(rows) + "}";
+}
+
 } // namespace
 
 int ShowCommand(const QStringList& arguments)
 {
-    const CommandLine line("show", "Prints a saved bill, its head and its lines as they are stored.",
+    const CommandLine line("show",
+                           "Prints a saved bill, its head and its lines as they are stored, that of an assembly "
+                           "with its voucher.",
                            {"FILE", "BILLNAME", "CODE"}, {}, arguments);
     if (line.helpShown())
         return kDone;
@@ -52,13 +73,11 @@ int ShowCommand(const QStringList& arguments)
         OpenQuery(set.program, Sql("select * from ") + Name(kind->headTable) + " where Code=" + code);
     const Recordset lines = OpenQuery(set.program, Sql("select * from ") + Name(kind->lineTable) +
                                                        " where BillCode=" + code + " order by Num");
+    const bool isPiece = kind->lines == LineShape::Pieces;
+    const QString voucher = isPiece ? ",\"voucher\":" + JsonVoucher(set.program, code) : QString();
     set.RefuseOnErrors();
     if (head.isEmpty())
         throw Refusal{QString("there is no %1 \"%2\"").arg(kind->bill, code)};
-
-    QStringList shown;
-    for (int row = 0; row < lines.size(); ++row)
-        shown << JsonRow(lines, row);
-    PrintLine("{\"head\":" + JsonRow(head, 0) + ",\"lines\":[" + shown.join(",") + "]}");
+    PrintLine("{\"head\":" + JsonRow(head, 0) + ",\"lines\":" + JsonRows(lines) + voucher + "}");
     return kDone;
 }

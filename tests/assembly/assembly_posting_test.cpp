@@ -1,0 +1,262 @@
+#include "bills/audit.h"
+#include "bills/recall.h"
+#include "piece_screen.h"
+
+namespace {
+
+const QString kModify = "如果确定修改则按是，否则按否退出重新执行保存！";
+const QString kSaved = "保存成功！";
+
+struct AssemblyPostingTest : PieceScreen
+{
+    void FillHead()
+    {
+        bill.TxtSaleMan = " 老王 ";
+        bill.TxtManufacturer = "厂";
+        bill.TxtBrand = "牌";
+        bill.TxtPCode = "P1";
+        bill.TxtSCDate = "2023-02-01";
+        bill.TxtYXDate = "2024-02-01";
+        bill.TxtOnlyCode = "U1";
+        bill.TxtCustom1 = "c1";
+        bill.TxtCustom3 = "c3";
+        bill.TxtWareAttribute = "0102>颜色>红";
+        bill.TxtUnite = "盒";
+    }
+
+    /// A disassembly whose money adds up.
+    void OpenPiece(const char* lineAmount = "2")
+    {
+        Open(false, "4");
+        TypeAndLeave("TxtCost", "25");
+        TypeAndLeave("TxtFee", "20");
+        AddLine("A001", {{"数量", lineAmount}, {"备注", "件"}});
+        Type(1, "成本价", NumberText(120 / Val(QString(lineAmount))));
+    }
+};
+
+TEST_F(AssemblyPostingTest, AnAssemblyBringsItsProductIn)
+{
+    Open(true, "4");
+    FillHead();
+    AddLine("A001", {{"数量", "8"}, {"属性", "0102>颜色>红"}, {"批号", "B1"}, {"自定义字段2", "l2"}, {"备注", "急"}});
+    bill.MSH.SetCell(1, 5, "个");
+    TypeHead("TxtFee", "20");
+    EXPECT_EQ(Save(), QStringList(kSaved));
+    EXPECT_TRUE(posting.stored);
+    // A pack holds a quarter of a set: unit cost by units, 100 by 1.
+    EXPECT_EQ(
+        Rows("select * from TabWareGroup"),
+        QStringList("ZZD202302080001|2023-02-08|101|主仓|P001|套装|系统管理员|25|4|102|分仓|盒|100|商品组装|正常|"
+                    "|20|100|2023-02-08 09:30:00|4|老王||1|0102|红|1|厂|牌|P1|2023-02-01|2024-02-01|U1||S|c1||c3"));
+    EXPECT_EQ(Rows("select * from TabWareGroupInf"),
+              QStringList("1|2023-02-08|ZZD202302080001|A001|螺丝|M8|个|8|10|80|急|正常|0|2023-02-08 09:30:00.004|0||1|"
+                          "0102|红|1|||B1||||||l2|"));
+    EXPECT_EQ(bill.LabState, "正常");
+    EXPECT_EQ(bill.LabAuditing, "未审核");
+    EXPECT_TRUE(bill.BillSavedFlag);
+    EXPECT_FALSE(bill.isEnabled(Command::SwitchMode));
+    EXPECT_TRUE(bill.isEnabled(Command::Print));
+    EXPECT_EQ(bill.navigation, QStringList("ZZD202302080001"));
+}
+
+TEST_F(AssemblyPostingTest, ADisassemblyBringsItsGoodsIn)
+{
+    OpenPiece();
+    EXPECT_EQ(Save(), QStringList(kSaved));
+    EXPECT_EQ(Rows("select Code,WareCode,Cost,Amount,SumMoney,BillType,Fee,AveragePrice,StockInAmount,UnionAmount from "
+                   "TabWarePiece"),
+              QStringList("CXD202302080001|P001|25|4|100|商品拆卸|20|0|0|4"));
+    // 100 pieces at 1000 and two at 120 make an average of 10.98.
+    EXPECT_EQ(Rows("select Num,WareCode,Amount,Price,Moneyy,AveragePrice,StockInAmount from TabWarePieceInf"),
+              QStringList("1|A001|2|60|120|10.98|2"));
+}
+
+TEST_F(AssemblyPostingTest, AGroupedTotalCountsUpToItsSeparatorForTheCostOfTheProduct)
+{
+    Open(true, "2");
+    AddLine("A001", {{"数量", "200"}});
+    EXPECT_EQ(bill.TxtTotalMoney, "2,000.00");
+    Save();
+    EXPECT_EQ(Rows("select SumMoney,Cost,AveragePrice from TabWareGroup"), QStringList("2000|1000|1"));
+}
+
+TEST_F(AssemblyPostingTest, CostsOfLaterBillsAreRewrittenOnAccessOnly)
+{
+    for (const char* type : {"Access", "Access2"}) {
+        SCOPED_TRACE(type);
+        test.program.parameters.DatabaseType = type;
+        for (const char* table : {"TabOutBill", "TabOutBillInf", "TabWareGroup", "TabWarePieceInf"})
+            test.Run(Sql("delete from ") + table);
+        for (const char* good : {"P001", "A001"})
+            test.InsertBill("TabOutBill", {{"Code", QString(good) + type}, {"Datee", QDate(2023, 2, 1)}},
+                            {{{"WareCode", good}, {"UnionAmount", 1.0}, {"Cost", 7.0}, {"WareSpec", "S"}}});
+        Open(true, "4");
+        AddLine("B001", {{"成本价", "100"}});
+        Save();
+        OpenPiece();
+        Save();
+        const bool rewritten = QString(type) == "Access";
+        EXPECT_EQ(Rows("select WareCode,Cost from TabOutBillInf order by WareCode"),
+                  rewritten ? QStringList({"A001|10", "P001|0"}) : QStringList({"A001|7", "P001|7"}));
+    }
+}
+
+TEST_F(AssemblyPostingTest, BlankRowsKeepTheirNumber)
+{
+    Open(true);
+    AddLine("A001", {});
+    bill.MSH.AddRow();
+    AddLine("B001", {});
+    Save();
+    EXPECT_EQ(Rows("select Num,WareCode,Amount from TabWareGroupInf order by Num"),
+              QStringList({"1|A001|1", "2||0", "3|B001|1"}));
+}
+
+TEST_F(AssemblyPostingTest, ARewriteAsksAndItsRefusalIsSavedAllTheSame)
+{
+    Open(true);
+    AddLine("A001", {});
+    Save();
+    for (const char* warehouse : {"101", "103"})
+        test.Insert("TabWarehouseAmountChange", {{"BillCode", posting.code}, {"WarehouseCode", warehouse}});
+    TypeHead("TxtFee", "5");
+    EXPECT_EQ(Save(), QStringList({kModify, "修改单据失败！", kSaved}));
+    EXPECT_FALSE(posting.stored);
+    EXPECT_EQ(Rows("select Fee from TabWareGroup"), QStringList("0"));
+
+    test.prompt.answers = {true};
+    EXPECT_EQ(Save(), QStringList({kModify, kSaved}));
+    EXPECT_EQ(Rows("select Code,Fee from TabWareGroup"), QStringList("ZZD202302080001|5"));
+    EXPECT_EQ(Rows("select BillCode from TabWarehouseAmountChange"), QStringList());
+}
+
+TEST_F(AssemblyPostingTest, ATakenCodeIsSaidInTheWordsOfTheMode)
+{
+    for (const bool assembles : {true, false}) {
+        if (assembles) {
+            Open(true);
+            AddLine("A001", {});
+        } else {
+            OpenPiece();
+        }
+        // Another user draws the same number between the check and the write.
+        const char* const steal = assembles ? "create trigger steal before delete on TabWarehouseAmountChange begin "
+                                              "insert into TabWareGroup(Code) values('ZZD202302080001'); end"
+                                            : "create trigger steal2 before delete on TabWarehouseAmountChange begin "
+                                              "insert into TabWarePiece(Code) values('CXD202302080001'); end";
+        bill.BillSavedFlag = true;
+        bill.TxtBillCode = assembles ? "ZZD202302080001" : "CXD202302080001";
+        test.Insert(bill.kind->headTable, {{"Code", bill.TxtBillCode}});
+        test.Insert("TabWarehouseAmountChange", {{"BillCode", bill.TxtBillCode}});
+        test.Run(Sql(steal));
+        test.prompt.answers = {true};
+        EXPECT_EQ(
+            Save(),
+            QStringList({kModify, assembles ? "单编号重复，请重新执行保存！" : "单编号重复，请重新执保存！", kSaved}));
+        EXPECT_FALSE(posting.stored);
+        test.Run(Sql(assembles ? "drop trigger steal" : "drop trigger steal2"));
+    }
+}
+
+TEST_F(AssemblyPostingTest, AUnitThatCannotBeStoredLeavesTheBillAsItWasAndSaysNoSuccess)
+{
+    Open(true);
+    bill.ChAutoAuditing = true;
+    bill.TxtOperator = "前人";
+    AddLine("A001", {});
+    test.Run(Sql("create trigger give_up before insert on TabWareGroupInf begin select raise(rollback,'full'); end"));
+    const QStringList boxes = Save();
+    EXPECT_TRUE(boxes.value(0).startsWith("Error:"));
+    EXPECT_FALSE(boxes.contains(kSaved));
+    EXPECT_FALSE(posting.stored);
+    EXPECT_FALSE(bill.BillSavedFlag);
+    EXPECT_EQ(bill.TxtOperator, "前人");
+    EXPECT_EQ(bill.TxtAuditing, "");
+    EXPECT_TRUE(bill.isEnabled(Command::Save));
+    EXPECT_EQ(Rows("select Code from TabWareGroup"), QStringList());
+}
+
+TEST_F(AssemblyPostingTest, AutoAuditComesWithTheSaveUnderTheRightOfBothBills)
+{
+    Open(true);
+    bill.ChAutoAuditing = true;
+    AddLine("A001", {});
+    EXPECT_EQ(Save(), QStringList(kSaved));
+    EXPECT_EQ(Rows("select TabWareGroup.Auditing,TabWareGroupInf.Auditing from TabWareGroup,TabWareGroupInf"),
+              QStringList("系统管理员|系统管理员"));
+    EXPECT_EQ(bill.LabAuditing, "已审核");
+    EXPECT_FALSE(bill.isEnabled(Command::Save));
+    EXPECT_TRUE(bill.isEnabled(Command::UnAudit));
+
+    test.program.parameters.UserName = "小李";
+    test.Insert("TabOperateRight", {{"UserName", "小李"}, {"FunctionName", "组装拆卸"}, {"AllowEdit", 1}});
+    Open(true);
+    bill.ChAutoAuditing = bill.ChAutoAdd = true;
+    AddLine("A001", {});
+    EXPECT_EQ(Save(), QStringList({"没有操作权限！", kSaved}));
+    EXPECT_EQ(posting.code, "ZZD202302080002");
+    EXPECT_EQ(bill.TxtBillCode, "");
+    EXPECT_EQ(bill.TxtWareName, "");
+    EXPECT_FALSE(bill.BillSavedFlag);
+    EXPECT_EQ(bill.navigation, QStringList({"ZZD202302080001", "ZZD202302080002"}));
+}
+
+TEST_F(AssemblyPostingTest, ASavedBillComesBackAsItWas)
+{
+    Open(true, "4");
+    FillHead();
+    TypeHead("TxtFee", "20");
+    AddLine("A001", {{"数量", "8"}, {"成本价", "12.5"}, {"属性", "0102>颜色>红"}, {"唯一码", ""}, {"备注", "急"}});
+    Save();
+    const QStringList before = Rows("select * from TabWareGroup") + Rows("select * from TabWareGroupInf");
+    const QString code = posting.code;
+    Open(false);
+    bill.ChSpecJE = true;
+    FillBill(test.program, bill, "TabWareGroup", code);
+    EXPECT_EQ(bill.LabBillName, "商品组装单");
+    EXPECT_FALSE(bill.ChSpecJE);
+    EXPECT_FALSE(bill.isEnabled(Command::Pattern));
+    EXPECT_FALSE(bill.isEnabled(Command::SwitchMode));
+    EXPECT_EQ(bill.LabTotalMoney, "100.00");
+    EXPECT_EQ(Cell(1, "属性"), "0102>颜色>红");
+    test.prompt.answers = {true};
+    EXPECT_EQ(Save(), QStringList({kModify, kSaved}));
+    EXPECT_EQ(Rows("select * from TabWareGroup") + Rows("select * from TabWareGroupInf"), before);
+
+    FillBill(test.program, bill, "TabWareGroup", "none");
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("没有原单！"));
+    EXPECT_EQ(bill.TxtWareName + bill.TxtBillCode, "");
+    EXPECT_TRUE(bill.BillSavedFlag);
+}
+
+TEST_F(AssemblyPostingTest, VoidingAndDeletingTakeTheVoucherAlong)
+{
+    Open(true);
+    AddLine("A001", {});
+    Save();
+    test.Insert("TabWarrant", {{"Code", "PZD1"}, {"JXCBillCode", posting.code}});
+    test.Insert("TabWarrantInf", {{"BillCode", "PZD1"}});
+    test.prompt.answers = {true};
+    VoidBill(test.program, bill);
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList({"确定作废该单据吗？", "作废成功！"}));
+    EXPECT_EQ(Rows("select State from TabWareGroup union all select State from TabWareGroupInf"),
+              QStringList({"作废", "作废"}));
+    EXPECT_EQ(Rows("select Code from TabWarrant"), QStringList());
+    EXPECT_EQ(bill.LabState, "作废");
+    for (const Command command : {Command::Save, Command::Print, Command::Void})
+        EXPECT_FALSE(bill.isEnabled(command));
+    EXPECT_TRUE(bill.isEnabled(Command::Delete));
+
+    test.prompt.answers = {true};
+    FDelete(test.program, bill);
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList({"删除当前单据吗？", "单据已删除！"}));
+    EXPECT_EQ(Rows("select Code from TabWareGroup union all select BillCode from TabWareGroupInf"), QStringList());
+    EXPECT_TRUE(bill.BillSavedFlag);
+    // The empty window still counts as saved: its number is missing.
+    ChooseWarehouses();
+    ChooseProduct(test.program, bill, "P001");
+    EXPECT_EQ(Save(), QStringList("单据编号不能为空！"));
+}
+
+} // namespace
