@@ -9,7 +9,7 @@
 namespace {
 
 constexpr qint64 kLines = 1'000'000;
-constexpr int kGoods = 20'000;
+constexpr int kGoods = 20'000; // unless WAREHOUSE_BENCH_GOODS says otherwise
 constexpr size_t kMedianGoods = 64;
 
 RunParameters Parameters()
@@ -42,7 +42,9 @@ QString BenchSet()
     if (QFileInfo(path).isFile())
         return path;
     PrintErrorLine("making " + path);
-    GenerateAccountSet(path, {.lines = kLines, .goods = kGoods});
+    bool isSet = false;
+    const int goods = qEnvironmentVariableIntValue("WAREHOUSE_BENCH_GOODS", &isSet);
+    GenerateAccountSet(path, {.lines = kLines, .goods = isSet ? goods : kGoods});
     return path;
 }
 
