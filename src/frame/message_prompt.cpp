@@ -53,7 +53,10 @@ public:
         m_box.setTextFormat(Qt::PlainText);
         m_box.setTextInteractionFlags(Qt::TextSelectableByMouse);
         auto* const words = m_box.findChild<QLabel*>("qt_msgbox_label");
-        words->setMinimumWidth(m_box.fontMetrics().averageCharWidth() * 32);
+        // A longer text keeps its own width, or the box would cut it off instead of wrapping it.
+        const int least = m_box.fontMetrics().averageCharWidth() * 32;
+        if (words->sizeHint().width() < least)
+            words->setMinimumWidth(least);
         words->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         if (sign.letter)
             m_box.setIconPixmap(Draw(sign, m_box));
