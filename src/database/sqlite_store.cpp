@@ -6,6 +6,7 @@
 #include "database/statement_mapping.h"
 
 #include <QFile>
+#include <algorithm>
 #include <unordered_map>
 
 namespace {
@@ -44,6 +45,7 @@ private:
 
     void RunWords(const char* words);
     Prepared& Prepare(const std::string& shape);
+    Recordset RunPrepared(const Prepared& prepared, const std::vector<Value>& values) const;
     void Bind(sqlite3_stmt* statement, const std::vector<Value>& values) const;
     std::vector<Recordset::Row> Fetch(sqlite3_stmt* statement, int columns) const;
 
@@ -169,12 +171,29 @@ struct ResetAtEnd
     }
 };
 
+/// Failures of the machine, not of the statement: what was to be written has no place, so its unit cannot go on.
+bool EndsUnit(const StoreError& error)
+{
+    constexpr int kFailures[] = {SQLITE_FULL, SQLITE_IOERR, SQLITE_NOMEM, SQLITE_CORRUPT};
+    return std::ranges::find(kFailures, error.number) != std::end(kFailures);
+}
+
 Recordset SqliteStore::Run(const Sql& sql)
 {
-    const Prepared& prepared = Prepare(sql.shape());
+    try {
+        return RunPrepared(Prepare(sql.shape()), sql.values());
+    } catch (const StoreError& error) {
+        if (EndsUnit(error) && inUnit())
+            sqlite3_exec(m_database.get(), "rollback", nullptr, nullptr, nullptr);
+        throw;
+    }
+}
+
+Recordset SqliteStore::RunPrepared(const Prepared& prepared, const std::vector<Value>& values) const
+{
     sqlite3_stmt* statement = prepared.statement.get();
     const ResetAtEnd reset{statement};
-    Bind(statement, sql.values());
+    Bind(statement, values);
     return {prepared.columns, Fetch(statement, static_cast<int>(prepared.columns->size()))};
 }
 } // namespace

@@ -189,6 +189,23 @@ TEST_F(PostingTest, AUnitThatCannotBeStoredLeavesTheBillUnsaved)
     EXPECT_EQ(Rows("select WareCode from TabSamePriceMoveInf"), QStringList("A001"));
 }
 
+TEST_F(PostingTest, AFullDiskStoresNothingAndLosesNothing)
+{
+    Open("盘点报溢");
+    AddLine("A001", {{"数量", "3"}});
+    bill.TxtMemo = QString(20000, u'长'); // the head needs new pages, the line does not
+    test.Run(Sql("pragma max_page_count=1"));
+    const QStringList boxes = Save();
+    ASSERT_EQ(boxes.size(), 1);
+    EXPECT_TRUE(boxes[0].contains("磁盘空间不足")) << boxes[0].toStdString();
+    EXPECT_FALSE(bill.BillSavedFlag);
+    EXPECT_TRUE(test.Run(Sql("select * from TabCheckOverInf")).isEmpty());
+
+    test.Run(Sql("pragma max_page_count=1000000"));
+    EXPECT_EQ(Save(), QStringList("保存成功！"));
+    EXPECT_EQ(test.Run(Sql("select Remark from TabCheckOver")).Text("Remark").size(), 20000);
+}
+
 TEST_F(PostingTest, ARevaluationRewritesLaterCostsOnAccessOnly)
 {
     for (const char* type : {"Access", "Access2"}) {
