@@ -43,7 +43,9 @@ QWidget* BillWindow::MakeDate()
 QLineEdit* BillWindow::MakeHeadBox(const char* control)
 {
     const HeadField* const field = FindHeadField(control);
-    return MakeBox(control, m_bill.*field->text, field->typed);
+    QLineEdit* const box = MakeBox(control, m_bill.*field->text, field->typed);
+    connect(box, &QLineEdit::textEdited, this, [this, field] { ForgetChoice(m_bill, *field); });
+    return box;
 }
 
 QWidget* BillWindow::MakeMoneyFrame()

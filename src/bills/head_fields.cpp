@@ -90,6 +90,15 @@ const HeadField* FindHeadField(const QString& control)
     return FindControl(HeadFields(), control);
 }
 
+void ForgetChoice(BillText& bill, const HeadField& typed)
+{
+    for (const WarehouseField warehouse : {WarehouseField::F, WarehouseField::S}) {
+        const WarehouseBoxes boxes = BoxesOf(warehouse);
+        if (typed.text == boxes.name)
+            (bill.*boxes.code).clear();
+    }
+}
+
 const std::vector<HeadCheck>& HeadChecks()
 {
     static const std::vector<HeadCheck> checks = {

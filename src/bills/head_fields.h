@@ -19,6 +19,10 @@ const std::vector<HeadField>& HeadFields();
 /// Null for an unknown control.
 const HeadField* FindHeadField(const QString& control);
 
+/// A field has been typed into: a name typed over a chosen warehouse is no longer that warehouse, whose code would
+/// otherwise win at the save.
+void ForgetChoice(BillText& bill, const HeadField& typed);
+
 struct HeadCheck
 {
     const char* control;

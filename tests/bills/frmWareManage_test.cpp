@@ -43,6 +43,21 @@ TEST_F(WareManageTest, ATransferIsTypedAndSavedByKeyboard)
     EXPECT_EQ(lines.Text("WareName", 1), "O'Neil");
 }
 
+TEST_F(WareManageTest, ANameTypedOverAChosenWarehouseIsTheOneThatIsSaved)
+{
+    OpenNew("同价调拨");
+    TypeHead();
+    TypeAndEnter({"A001"});
+    auto* const box = Find<QLineEdit>("TxtWarehouseNameF");
+    box->setFocus();
+    box->clear();
+    QTest::keyClicks(box, "zhu"); // no warehouse's name
+    Press({Qt::Key_S}, Qt::ControlModifier);
+    EXPECT_EQ(test.prompt.TakeTexts(),
+              QStringList("发货仓库名称不正确（原因：名称不存在或不是处于最末级），请重新选择！"));
+    EXPECT_EQ(Count("TabSamePriceMove"), 0);
+}
+
 TEST_F(WareManageTest, TheKindDecidesWhatTheHeadShows)
 {
     struct Case
