@@ -170,12 +170,5 @@ std::vector<Figure> Figures()
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    try {
-        return MeasureFigures(Figures(), argc, argv);
-    } catch (const StoreError& error) {
-        PrintErrorLine(error.description);
-    } catch (const Refusal& refusal) {
-        PrintErrorLine(refusal.text);
-    }
-    return 1;
+    return MeasureFigures(Figures, argc, argv);
 }

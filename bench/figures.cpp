@@ -1,5 +1,7 @@
 #include "figures.h"
 
+#include "commands.h"
+
 #include <cstdio>
 #include <iostream>
 #include <map>
@@ -70,9 +72,7 @@ void Register(const std::string& name, const std::function<void(benchmark::State
     benchmark::RegisterBenchmark(name.c_str(), work)->UseRealTime()->Repetitions(kRepetitions)->ReportAggregatesOnly();
 }
 
-} // namespace
-
-int MeasureFigures(const std::vector<Figure>& figures, int argc, char** argv)
+int Measure(const std::vector<Figure>& figures, int argc, char** argv)
 {
     // By turns: what else the machine does meanwhile falls on a figure and on its floor alike.
     std::string turns = "--benchmark_enable_random_interleaving=true";
@@ -101,4 +101,18 @@ int MeasureFigures(const std::vector<Figure>& figures, int argc, char** argv)
             allMet &= figure.floor ? PrintRow(figure, work->second, floor->second) : PrintRow(figure, work->second);
     }
     return allMet ? 0 : 1;
+}
+
+} // namespace
+
+int MeasureFigures(std::vector<Figure> (*makeFigures)(), int argc, char** argv)
+{
+    try {
+        return Measure(makeFigures(), argc, argv);
+    } catch (const StoreError& error) {
+        PrintErrorLine(error.description);
+    } catch (const Refusal& refusal) {
+        PrintErrorLine(refusal.text);
+    }
+    return 1;
 }

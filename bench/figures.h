@@ -16,5 +16,5 @@ struct Figure
 };
 
 /// Measures all of them, work and floor by turns, and prints a Markdown table. Takes the options of the benchmark
-/// library.
-int MeasureFigures(const std::vector<Figure>& figures, int argc, char** argv);
+/// library. 1 where a target is missed or the account set cannot be used, which has been said; 2 for wrong use.
+int MeasureFigures(std::vector<Figure> (*makeFigures)(), int argc, char** argv);
