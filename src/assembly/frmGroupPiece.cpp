@@ -30,16 +30,7 @@ GroupPieceText& PieceOf(BillText& bill)
 
 constexpr BillCommands kCommands{
     .isHeadReady = [](Program& program, BillText& bill) { return CheckPieceHead(program, PieceOf(bill)); },
-    .build = NewBill,
     .save = [](Program& program, BillText& bill) { return FSave(program, PieceOf(bill)); },
-    .audit = AuditBill,
-    .unAudit = UnAuditBill,
-    .remove = FDelete,
-    .insertRow = InsertGridRow,
-    .deleteRow = DeleteGridRow,
-    .redWord = VoidBill,
-    .before = PreviousBill,
-    .back = NextBill,
 };
 
 const BillKey kPatternKey{"ToolTaoYong", "套用", "调入套用模版单据", "Ctrl+T", nullptr, {}, nullptr, false};

@@ -2,7 +2,10 @@
 
 // The keys and menus of the bill windows as tables: which command stands where, under which caption and shortcut.
 
+#include "bills/audit.h"
 #include "bills/bill_text.h"
+#include "bills/lifecycle.h"
+#include "bills/line_entry.h"
 #include "bills/posting.h"
 
 #include <optional>
@@ -11,22 +14,22 @@ class QAction;
 class QMainWindow;
 class QMenu;
 
-/// The rules behind the commands. A command without one is shown and cannot be chosen.
+/// The rules behind the commands: those of every bill, but for the two that each window brings along.
 struct BillCommands
 {
     using Rule = void (*)(Program&, BillText&);
 
     bool (*isHeadReady)(Program&, BillText&) = nullptr; // for lines from elsewhere; a refusal has been said
-    Rule build = nullptr;
+    Rule build = NewBill;
     Posting (*save)(Program&, BillText&) = nullptr;
-    Rule audit = nullptr;
-    Rule unAudit = nullptr;
-    Rule remove = nullptr;
-    Rule insertRow = nullptr;
-    Rule deleteRow = nullptr;
-    Rule redWord = nullptr;
-    Rule before = nullptr;
-    Rule back = nullptr;
+    Rule audit = AuditBill;
+    Rule unAudit = UnAuditBill;
+    Rule remove = FDelete;
+    Rule insertRow = InsertGridRow;
+    Rule deleteRow = DeleteGridRow;
+    Rule redWord = VoidBill;
+    Rule before = PreviousBill;
+    Rule back = NextBill;
 };
 
 /// A key of the toolbar, and the menu entry of the same command.

@@ -16,16 +16,7 @@ namespace {
 
 constexpr BillCommands kCommands{
     .isHeadReady = [](Program& program, BillText& bill) { return WarehousePrecheck(program, bill); },
-    .build = NewBill,
     .save = FSave,
-    .audit = AuditBill,
-    .unAudit = UnAuditBill,
-    .remove = FDelete,
-    .insertRow = InsertGridRow,
-    .deleteRow = DeleteGridRow,
-    .redWord = VoidBill,
-    .before = PreviousBill,
-    .back = NextBill,
 };
 
 constexpr int kHeadColumns = 4;
