@@ -1,7 +1,7 @@
 #pragma once
 
-// Message boxes as a seam: windows show them, tests script them, acctset answers them by rule. All have the title
-// "系统提示", but for the database's own error box, which has none.
+// Message boxes and file dialogs as a seam: windows show them, tests script them, acctset answers them by rule. All
+// boxes have the title "系统提示", but for the database's own error box, which has none.
 
 #include <QString>
 
@@ -17,4 +17,7 @@ public:
     virtual bool Ask(const QString& text) = 0;
     /// A database error: no icon, no title, OK.
     virtual void Error(const QString& text) = 0;
+    /// A file to open. Empty when none was chosen.
+    /// @param filters  as a file dialog takes them: "Workbook (*.xls *.xlsx);;All Files (*)"
+    virtual QString AskFile(const QString& title, const QString& filters) = 0;
 };

@@ -1,6 +1,7 @@
 #include "frame/message_prompt.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
@@ -113,4 +114,9 @@ bool MessagePrompt::Ask(const QString& text)
 void MessagePrompt::Error(const QString& text)
 {
     Tell(kNone, QString(), text);
+}
+
+QString MessagePrompt::AskFile(const QString& title, const QString& filters)
+{
+    return QFileDialog::getOpenFileName(QApplication::activeWindow(), title, QString(), filters);
 }

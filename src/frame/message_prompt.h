@@ -11,4 +11,5 @@ public:
     void Warn(const QString& text) override;
     bool Ask(const QString& text) override;
     void Error(const QString& text) override;
+    QString AskFile(const QString& title, const QString& filters) override;
 };

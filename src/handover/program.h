@@ -4,6 +4,7 @@
 
 #include "base/clock.h"
 #include "base/prompt.h"
+#include "base/spreadsheet.h"
 #include "database/connection.h"
 #include "handover/run_parameters.h"
 
@@ -35,6 +36,8 @@ struct Program
     DotType gDot;
     Prompt& prompt;
     Clock& clock;
+    /// Null until a workbook is first asked for.
+    std::unique_ptr<SpreadsheetHost> spreadsheet;
     /// A SaveUnit is open, whatever the store has made of its unit meanwhile.
     bool unitOpen = false;
     /// Boxes raised while a unit is open; they are shown in this order when it ends.

@@ -89,6 +89,12 @@ bool ScriptedPrompt::Ask(const QString& text)
     return answer;
 }
 
+QString ScriptedPrompt::AskFile(const QString& title, const QString& filters)
+{
+    boxes.push_back({"file", title + "|" + filters});
+    return file;
+}
+
 QStringList ScriptedPrompt::TakeTexts()
 {
     QStringList texts;

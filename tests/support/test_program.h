@@ -10,13 +10,13 @@
 #include <ostream>
 #include <vector>
 
-/// Keeps every box; questions take their answers in turn, then no.
+/// Keeps every box; questions take their answers in turn, then no. A file dialog is answered with `file`.
 class ScriptedPrompt : public Prompt
 {
 public:
     struct Box
     {
-        QString kind; // inform, warn, ask, error
+        QString kind; // inform, warn, ask, error, file
         QString text;
     };
 
@@ -24,11 +24,13 @@ public:
     void Warn(const QString& text) override { boxes.push_back({"warn", text}); }
     bool Ask(const QString& text) override;
     void Error(const QString& text) override { boxes.push_back({"error", text}); }
+    QString AskFile(const QString& title, const QString& filters) override;
 
     /// The texts of all boxes since the last call.
     QStringList TakeTexts();
 
     std::deque<bool> answers;
+    QString file;
     std::vector<Box> boxes;
 };
 

@@ -71,6 +71,7 @@ public:
     bool Ask(const QString& text) override;
     /// Goes to standard error at once.
     void Error(const QString& text) override;
+    QString AskFile(const QString&, const QString&) override { return {}; }
 
     QStringList said; // boxes and questions, in order
     bool answer = true;

@@ -29,6 +29,7 @@ public:
     void Inform(const QString& text) override { Keep("inform", text); }
     void Warn(const QString& text) override { Keep("warn", text); }
     void Error(const QString& text) override { Keep("error", text); }
+    QString AskFile(const QString&, const QString&) override { return {}; }
     bool Ask(const QString& text) override
     {
         Keep("ask", text);

@@ -1,0 +1,29 @@
+#pragma once
+
+// A store that strikes at a statement of the test's choice: the process dies there, or the statement fails.
+
+#include "database/store.h"
+
+/// Nothing but the test catches this: the process is gone.
+struct ProcessDied
+{};
+
+enum class FaultKind
+{
+    None,     // statements are only counted
+    Death,    // before the statement, with everything that was not committed
+    Failure,  // of the statement alone
+    FullDisk, // the statement fails and the database gives its unit up
+};
+
+/// Shared by all stores that one opener opens.
+struct Fault
+{
+    FaultKind kind = FaultKind::None;
+    int at = 0;         // the statement that it strikes, from 1; beginning and committing a unit count
+    int statements = 0; // so far
+    QString struck;     // the statement's words
+};
+
+/// Opens what `open` opens, faulty. The fault must outlive the stores.
+StoreOpener FaultyOpener(Fault& fault, StoreOpener open = OpenStore);
