@@ -1,6 +1,6 @@
 # Refuses an include from a lower floor to a higher one, and a widget outside of the window files.
 # Usage: cmake -DSOURCE=<root> -DWINDOW_FILES=<regex> -P floors.cmake
-set(floors base database handover data stock dialogs output bills assembly frame)
+set(floors base office database handover data stock dialogs output bills assembly frame)
 # What stands on the same height may use what is left of it: the window files of bills open dialogs.
 file(GLOB_RECURSE files ${SOURCE}/src/*.cpp ${SOURCE}/src/*.h)
 foreach(file ${files})

@@ -176,11 +176,17 @@ Outcome WriteBill(Program& program, GroupPieceText& bill, bool rewrite, bool wan
     SaveUnit unit(program);
     if (!unit.isOpen())
         return Outcome::NotStored;
-    if (rewrite)
+    if (rewrite) {
+        if (!MayReplace(program, bill))
+            return Outcome::NotStored;
         DeleteRows(program, bill);
+    }
     const Row head = HeadRow(save, bill, save.moments.Next());
-    if (IsStored(program, bill))
+    const std::optional<bool> isTaken = IsStored(program, bill);
+    if (isTaken.value_or(false))
         return Outcome::CodeTaken;
+    if (!isTaken || !DeleteStrayLines(program, bill))
+        return Outcome::NotStored;
     if (ModeOf(bill).assembles)
         SaveAssemblyBill(save, bill, head);
     else

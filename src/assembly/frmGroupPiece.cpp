@@ -5,6 +5,7 @@
 #include "assembly/assembly_validation.h"
 #include "assembly/frmReadGroupPiece.h"
 #include "assembly/piece_head.h"
+#include "assembly/piece_print.h"
 #include "assembly/voucher.h"
 #include "bills/audit.h"
 #include "bills/bill_widgets.h"
@@ -31,6 +32,7 @@ GroupPieceText& PieceOf(BillText& bill)
 constexpr BillCommands kCommands{
     .isHeadReady = [](Program& program, BillText& bill) { return CheckPieceHead(program, PieceOf(bill)); },
     .save = [](Program& program, BillText& bill) { return FSave(program, PieceOf(bill)); },
+    .paper = &kPiecePaper,
 };
 
 const BillKey kPatternKey{"ToolTaoYong", "套用", "调入套用模版单据", "Ctrl+T", nullptr, {}, nullptr, false};
@@ -50,13 +52,6 @@ constexpr ModeCaption kModeCaptions[] = {
     {"LabFee", &PieceMode::LabFee},
     {"LabRemark", &PieceMode::LabRemark},
 };
-
-/// The user has left the window, not the box.
-bool LeavesWindow(const QFocusEvent& focus)
-{
-    return focus.reason() == Qt::ActiveWindowFocusReason || focus.reason() == Qt::PopupFocusReason ||
-           focus.reason() == Qt::MenuBarFocusReason;
-}
 
 } // namespace
 

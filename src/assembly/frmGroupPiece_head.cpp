@@ -85,8 +85,13 @@ QWidget* frmGroupPiece::MakeHead()
     money->setVisible(m_program.parameters.IsLotMoney);
     grid->addWidget(money, 1, 3, 1, 2);
     layout->addWidget(fields);
-    layout->addWidget(MakeFrameProvide());
+    QWidget* const provided = MakeFrameProvide();
+    layout->addWidget(provided);
     layout->addWidget(MakeLineBand());
+    // Captions of options are not scrolled like the text of a box: with a large font their column is the widest.
+    const int options = grid->itemAtPosition(0, 0)->widget()->minimumSizeHint().width();
+    for (QWidget* const frame : {fields, provided})
+        static_cast<QGridLayout*>(frame->layout())->setColumnMinimumWidth(0, options);
     return head;
 }
 

@@ -1,9 +1,13 @@
 #include "assembly/frmReadGroupPieceQuery.h"
 
+#include "assembly/piece_print.h"
 #include "bills/bill_widgets.h"
 #include "bills/grid_view.h"
+#include "bills/line_table.h"
 #include "bills/toolbar_icons.h"
+#include "data/rights.h"
 #include "dialogs/frmOption_Bill.h"
+#include "output/frmExport.h"
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -66,16 +70,16 @@ void frmReadGroupPieceQuery::BuildCommands(QToolBar& bar, QMenuBar& menus)
     add(&bar, "ToolOK", "套用", &Query::TakePattern);
     add(&bar, "ToolOldBill", "原单", &Query::OpenOldBill);
     add(&bar, "ToolFiltre", "筛选", &Query::Filter);
-    add(&bar, "ToolPrint", "打印", nullptr);
+    add(&bar, "ToolPrint", "打印", &Query::PrintDirect);
     add(&bar, "ToolExit", "退出", &Query::reject);
-    add(file, "FExcel", "导出至Excel文件...", nullptr);
+    add(file, "FExcel", "导出至Excel文件...", &Query::ExportGrid);
     file->addSeparator();
     add(file, "FMSHFormat", "界面列表格式设置", &Query::FormatColumns);
     add(file, "FDeleteMSHFormat", "删除界面列表格式", &Query::DeleteFormat);
     file->addSeparator();
-    add(file, "FPrintSet", "打印设置", nullptr);
-    add(file, "PPreview", "打印预览", nullptr);
-    add(file, "PDirect", "直接打印", nullptr);
+    add(file, "FPrintSet", "打印设置", &Query::SetUpPrint);
+    add(file, "PPreview", "打印预览", &Query::PreviewPrint);
+    add(file, "PDirect", "直接打印", &Query::PrintDirect);
     file->addSeparator();
     add(file, "FExit", "退出", &Query::reject);
 }
@@ -124,6 +128,12 @@ void frmReadGroupPieceQuery::OpenOldBill()
     OpenOriginal(m_program, m_list, m_list.MSH.currentRow);
 }
 
+void frmReadGroupPieceQuery::ExportGrid()
+{
+    if (CheckOperateRight(m_program, m_program.parameters.UserName, m_list.kind->rights, Action::Print))
+        frmExport::ExportGrid(m_program, TableOf(m_list.MSH), this);
+}
+
 void frmReadGroupPieceQuery::FormatColumns()
 {
     if (!MayFormatGrids(m_program))
@@ -135,6 +145,21 @@ void frmReadGroupPieceQuery::FormatColumns()
             m_grid->Sync();
         },
         this);
+}
+
+void frmReadGroupPieceQuery::SetUpPrint()
+{
+    PrintAssemblyList(m_program, m_list, "打印设置");
+}
+
+void frmReadGroupPieceQuery::PreviewPrint()
+{
+    PrintAssemblyList(m_program, m_list, "打印预览");
+}
+
+void frmReadGroupPieceQuery::PrintDirect()
+{
+    PrintAssemblyList(m_program, m_list, "直接打印");
 }
 
 /// Back to the default columns, with every bill still there.

@@ -27,6 +27,10 @@ private:
     void Filter();
     void TakePattern();
     void OpenOldBill();
+    void ExportGrid();
+    void SetUpPrint();
+    void PreviewPrint();
+    void PrintDirect();
     void FormatColumns();
     void DeleteFormat();
 

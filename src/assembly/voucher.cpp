@@ -202,15 +202,29 @@ Sql InsertVoucher(Program& program, const QString& code, const VoucherHead& head
                                            qint64(0)});
 }
 
-/// The voucher's head, stored; what its rows share with it comes back.
-Voucher WriteVoucherHead(Program& program, const VoucherHead& head, const Wanted& wanted)
+bool AllNumbersDrawn(const VoucherBooks& books)
+{
+    for (size_t book = 0; book < books.isIn.size(); ++book) {
+        if (books.isIn[book] == 1 && books.numbers[book] == 0)
+            return false;
+    }
+    return true;
+}
+
+/// The voucher's head, stored; what its rows share with it comes back. Unset where it could not be: its code may be
+/// that of another voucher then, and its rows would go there.
+std::optional<Voucher> WriteVoucherHead(Program& program, const VoucherHead& head, const Wanted& wanted)
 {
     const VoucherType type = TypeOf(program, wanted.type);
     Voucher voucher = {{}, head.day, head.year, head.month, wanted.books, type.name};
     const Recordset existing = VoucherOf(program, "select Code", head.billCode);
+    if (!existing)
+        return {};
     if (existing.isEmpty()) {
         voucher.code = NextBillCode(program, "PZD", "TabWarrant");
-        OpenQuery(program, InsertVoucher(program, voucher.code, head, wanted, type));
+        if (voucher.code.isEmpty() || !AllNumbersDrawn(wanted.books) ||
+            !OpenQuery(program, InsertVoucher(program, voucher.code, head, wanted, type)))
+            return {};
         return voucher;
     }
     voucher.code = existing.Text("Code");
@@ -226,7 +240,7 @@ void WriteMonth(Program& program, const VoucherHead& head)
 {
     const Recordset month = OpenQuery(program, Sql("select State from TabWriteAccountant where  DateeY=") + head.year +
                                                    "  and DateeM=" + head.month + " ");
-    if (month.isEmpty())
+    if (month && month.isEmpty())
         OpenQuery(program, InsertInto(Name("TabWriteAccountant"), {head.year, head.month, QString("未审核")}));
 }
 
@@ -255,7 +269,8 @@ void WriteBillWarrant(Program& program, const GroupPieceText& bill, const QStrin
     const Recordset stored =
         OpenQuery(program, Sql("select * from ") + headTable + " where Code=" + billCode.trimmed());
     const std::optional<QDate> day = stored.Day("Datee");
-    if (!day || IsMonthClosed(program, *day))
+    // A refused save comes here with the bill of another user, who may have voided it.
+    if (!day || stored.Text("State").trimmed() == u"作废" || IsMonthClosed(program, *day))
         return;
     if (const std::optional<Wanted> wanted = ReadWanted(program, bill.kind->bill, *day)) {
         const VoucherHead head = {stored.Text("Code"),
@@ -264,8 +279,10 @@ void WriteBillWarrant(Program& program, const GroupPieceText& bill, const QStrin
                                   GetPeriodYear(program, *day),
                                   GetPeriodMonth(program, *day),
                                   stored.Number("Fee") + stored.Number("SumMoney")};
-        const Voucher voucher = WriteVoucherHead(program, head, *wanted);
-        WriteWarrantRows(program, bill, head.billCode, voucher);
+        const std::optional<Voucher> voucher = WriteVoucherHead(program, head, *wanted);
+        if (!voucher)
+            return;
+        WriteWarrantRows(program, bill, head.billCode, *voucher);
         WriteMonth(program, head);
     }
     OpenQuery(program, Sql("update ") + headTable + " set Report='已生成会计凭证'  where Code=" + stored.Text("Code"));

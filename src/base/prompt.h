@@ -20,4 +20,8 @@ public:
     /// A file to open. Empty when none was chosen.
     /// @param filters  as a file dialog takes them: "Workbook (*.xls *.xlsx);;All Files (*)"
     virtual QString AskFile(const QString& title, const QString& filters) = 0;
+    /// Whether there is a pointer to show that the program waits.
+    virtual bool showsBusy() const { return false; }
+    /// The program waits for a slow server, or does so no longer.
+    virtual void Busy(bool /*busy*/) {}
 };

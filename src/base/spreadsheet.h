@@ -46,6 +46,8 @@ public:
     /// In front of a row; the new rows take format and height of the row above.
     virtual void InsertRows(int row, int count) = 0;
     virtual void DeleteRows(int row, int count) = 0;
+    /// Makes the first columns as wide as their texts.
+    virtual void FitColumns(int columns) = 0;
 };
 
 /// Closes without saving when it goes.
@@ -70,7 +72,7 @@ public:
     virtual ~SpreadsheetApplication() = default;
     /// Opens a private copy of a .xls or .xlsx workbook; the file itself is not held.
     virtual std::unique_ptr<Workbook> Open(const QString& path) = 0;
-    /// With one sheet.
+    /// With one sheet, Sheet1.
     virtual std::unique_ptr<Workbook> Create() = 0;
 };
 

@@ -120,16 +120,24 @@ void ShowVoided(Program& program, BillText& bill)
     bill.SetEnabled(Command::Print, false);
 }
 
-void VoidRows(Program& program, BillText& bill)
+/// The vouchers go with the bill, also where it is gone already.
+void VoidRows(Program& program, BillText& bill, const Recordset& vouchers)
 {
     const Recordset head = OpenQuery(program, Sql("select Code from ") + Name(bill.kind->headTable) +
                                                   " where Code=" + bill.TxtBillCode.trimmed());
+    if (!head)
+        return;
+    std::vector<Sql> statements;
+    if (!head.isEmpty())
+        statements = SetOnBill(bill, "State", "作废");
+    const std::vector<Sql> deletes = DeleteVouchers(vouchers);
+    statements.insert(statements.end(), deletes.begin(), deletes.end());
+    if (!statements.empty() && !RunTogether(program, statements))
+        return;
     if (head.isEmpty()) {
         program.prompt.Inform(IsPieces(bill) ? "单据编号不存在，禁止作废！" : "单编号不存在，作废失败！");
         return;
     }
-    if (!RunTogether(program, SetOnBill(bill, "State", "作废")))
-        return;
     ShowVoided(program, bill);
     program.prompt.Inform("作废成功！");
 }
@@ -184,9 +192,7 @@ void VoidBill(Program& program, BillText& bill)
     }
     if (!vouchers || !program.prompt.Ask("确定作废该单据吗？"))
         return;
-    VoidRows(program, bill);
-    if (!vouchers.isEmpty())
-        RunTogether(program, DeleteVouchers(vouchers));
+    VoidRows(program, bill, vouchers);
 }
 
 void FDelete(Program& program, BillText& bill)
@@ -201,7 +207,10 @@ void FDelete(Program& program, BillText& bill)
     }
     if (!program.prompt.Ask("删除当前单据吗？"))
         return;
-    std::vector<Sql> statements = DeleteVouchers(VouchersOf(program, bill));
+    const Recordset vouchers = VouchersOf(program, bill);
+    if (!vouchers)
+        return;
+    std::vector<Sql> statements = DeleteVouchers(vouchers);
     const std::vector<Sql> rows = DeleteBill(bill);
     statements.insert(statements.end(), rows.begin(), rows.end());
     if (!RunTogether(program, statements))

@@ -102,6 +102,8 @@ void BillWindow::ConnectPickers(QWidget* head)
 
 bool BillWindow::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::FocusOut && m_bill.entryEnabled && !LeavesWindow(*static_cast<QFocusEvent*>(event)))
+        ChooseTypedWarehouses(m_program, m_bill);
     if (event->type() != QEvent::KeyPress)
         return QMainWindow::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key();

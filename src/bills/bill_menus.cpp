@@ -48,10 +48,10 @@ QAction* AddEntry(QMainWindow& window, QMenu* menu, const QString& name, const Q
     return action;
 }
 
-/// An entry whose work is not there yet.
-void AddIdle(QMainWindow& window, QMenu* menu, const QString& name, const QString& caption)
+/// An entry with the name of a template; an "&" in it marks no key.
+void AddTemplate(QMainWindow& window, QMenu* menu, const QString& name, const QString& templateName)
 {
-    AddEntry(window, menu, name, caption)->setEnabled(false);
+    AddEntry(window, menu, name, QString(templateName).replace("&", "&&"))->setData(templateName);
 }
 
 void AddKeyEntry(QMainWindow& window, QMenu* menu, const BillKey& key)
@@ -80,7 +80,7 @@ QAction* AddKey(QMainWindow& window, QToolBar& toolbar, const BillKey& key, QAct
 void AddPrintFormats(QMainWindow& window, QMenu* menu, const QString& prefix)
 {
     for (const Entry& format : kPrintFormats)
-        AddIdle(window, menu, prefix + format.name, format.caption);
+        AddEntry(window, menu, prefix + format.name, format.caption);
 }
 
 void MakePrintMenu(QMainWindow& window)
@@ -114,7 +114,7 @@ const std::vector<BillKey>& BillKeys()
         {"ToolDeleteRow", "删除行", "删除行", "Ctrl+Del", nullptr, Command::DeleteRow, &C::deleteRow, false},
         {"ToolRedWord", "作废", "作废", "F9", nullptr, Command::Void, &C::redWord, true},
         {"ToolPrint", "打印", "打印", "", nullptr, Command::Print, nullptr, true},
-        {"ToolIn", "导入", "导入", "", nullptr, Command::Import, nullptr, true, false},
+        {"ToolIn", "导入", "导入", "", nullptr, Command::Import, nullptr, true},
         {"ToolPos", "扫描", "扫描", "F6", nullptr, Command::Scan, nullptr, false},
         {"ToolImg", "图文", "图文", "F11", nullptr, {}, nullptr, false},
         {"ToolBefore", "前单", "前单", "Ctrl+PgUp", nullptr, {}, &C::before, true},
@@ -165,12 +165,12 @@ void MakeBillMenus(QMainWindow& window)
     AddEntry(window, file, "FJXCAccount", "自动生成会计凭证对应科目设置");
     QMenu* const printSet = AddMenu(file, "FPrintSet", "打印设置");
     AddPrintFormats(window, printSet, "MPrintSet_");
-    AddIdle(window, printSet, "MPrintSet_Excel_D", "Excel格式");
+    AddEntry(window, printSet, "MPrintSet_Excel_D", "Excel格式");
     file->addSeparator();
     AddEntry(window, file, "MMSHFormat", "界面列表格式设置");
     AddEntry(window, file, "FDeleteMSHFormat", "删除界面列表格式");
     QMenu* const toExcel = AddMenu(file, "FExcle", "导出至Excel文件...");
-    AddIdle(window, toExcel, "FExcle_PT", "普通格式");
+    AddEntry(window, toExcel, "FExcle_PT", "普通格式");
     AddMenu(toExcel, "FIntoExcel", "设置的格式");
     file->addSeparator();
     AddKeyEntry(window, file, keys.back());
@@ -185,6 +185,6 @@ void FillTemplateMenus(QMainWindow& window, const QStringList& names)
         auto* const menu = window.findChild<QMenu*>(menuName);
         menu->clear();
         for (const QString& caption : captions)
-            AddIdle(window, menu, QString(menuName) + "_Inf", caption);
+            AddTemplate(window, menu, QString(menuName) + "_Inf", caption);
     }
 }

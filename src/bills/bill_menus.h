@@ -13,8 +13,9 @@
 class QAction;
 class QMainWindow;
 class QMenu;
+struct BillPaper;
 
-/// The rules behind the commands: those of every bill, but for the two that each window brings along.
+/// The rules behind the commands: those of every bill, but for the three that each window brings along.
 struct BillCommands
 {
     using Rule = void (*)(Program&, BillText&);
@@ -22,6 +23,7 @@ struct BillCommands
     bool (*isHeadReady)(Program&, BillText&) = nullptr; // for lines from elsewhere; a refusal has been said
     Rule build = NewBill;
     Posting (*save)(Program&, BillText&) = nullptr;
+    const BillPaper* paper = nullptr; // how it is printed
     Rule audit = AuditBill;
     Rule unAudit = UnAuditBill;
     Rule remove = FDelete;
@@ -43,7 +45,6 @@ struct BillKey
     std::optional<Command> command;         // that locks it; unset for one that is never locked
     BillCommands::Rule BillCommands::*rule; // null where the window does more than run a rule
     bool opensGroup;
-    bool isThere = true; // false while its work is still to come
 };
 const std::vector<BillKey>& BillKeys();
 
@@ -55,5 +56,6 @@ void MakeBillMenus(QMainWindow& window);
 QAction* InsertBillKey(QMainWindow& window, const BillKey& key, const char* before);
 /// An entry of the menu File that only one window has; nothing hangs on it yet.
 QAction* InsertFileEntry(QMainWindow& window, const char* name, const QString& caption);
-/// The names of Excel templates in the three menus that list them; a placeholder for none.
+/// The names of Excel templates in the three menus that list them, each entry with its name as data; a placeholder for
+/// none.
 void FillTemplateMenus(QMainWindow& window, const QStringList& names);

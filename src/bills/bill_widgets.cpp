@@ -1,9 +1,11 @@
 #include "bills/bill_widgets.h"
 
+#include "bills/shades.h"
 #include "bills/toolbar_icons.h"
 
 #include <QApplication>
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QToolButton>
@@ -77,6 +79,12 @@ QWidget* MakeCell(QLabel* caption, QWidget* editor, const char* buttonName)
     return cell;
 }
 
+bool LeavesWindow(const QFocusEvent& focus)
+{
+    return focus.reason() == Qt::ActiveWindowFocusReason || focus.reason() == Qt::PopupFocusReason ||
+           focus.reason() == Qt::MenuBarFocusReason;
+}
+
 Stamp::Stamp(const char* name)
 {
     setObjectName(name);
@@ -103,7 +111,7 @@ QSize Stamp::sizeHint() const
 
 void Stamp::paintEvent(QPaintEvent*)
 {
-    const QColor colour = ColourOf(text());
+    const QColor colour = SeenOn(palette().color(QPalette::Base), ColourOf(text()));
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(colour, 2));

@@ -5,6 +5,7 @@
 #include <QLabel>
 
 class QComboBox;
+class QFocusEvent;
 
 /// A label with a name.
 QLabel* NewLabel(const char* name, const QString& text);
@@ -12,6 +13,9 @@ QLabel* NewLabel(const char* name, const QString& text);
 QComboBox* NewChoice(const char* name);
 /// A caption and its editor side by side. With the name of a button, one to pick from stands behind the editor.
 QWidget* MakeCell(QLabel* caption, QWidget* editor, const char* buttonName = nullptr);
+
+/// The user has left the window, not the box.
+bool LeavesWindow(const QFocusEvent& focus);
 
 /// A word stamped on the bill in a coloured frame. It hides itself without a text.
 class Stamp : public QLabel

@@ -5,7 +5,10 @@
 #include "bills/grid_view.h"
 #include "bills/lifecycle.h"
 #include "bills/line_columns.h"
+#include "bills/line_import.h"
+#include "bills/line_table.h"
 #include "bills/paste.h"
+#include "bills/print_commands.h"
 #include "bills/recall.h"
 #include "data/rights.h"
 #include "dialogs/bill_images.h"
@@ -14,6 +17,9 @@
 #include "dialogs/frmOption_Bill.h"
 #include "dialogs/frmWarehouseSelect.h"
 #include "handover/launcher.h"
+#include "output/frmBillToExcel.h"
+#include "output/frmExport.h"
+#include "output/frmProgress.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -24,6 +30,7 @@
 #include <QIntValidator>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 namespace {
@@ -96,6 +103,7 @@ void BillWindow::Build(QWidget* head)
     m_loading->setAutoFillBackground(true);
     m_loading->hide();
     ConnectKeys();
+    new PrintCommands(m_program, m_bill, *m_commands.paper, *this, *m_loading, [this] { HideEditors(); });
 }
 
 void BillWindow::ConnectKeys()
@@ -119,9 +127,11 @@ void BillWindow::ConnectOwnCommands()
     };
     constexpr OwnCommand kOwn[] = {
         {"ToolSave", &BillWindow::Save},
+        {"ToolIn", &BillWindow::OpenImport},
         {"ToolPos", &BillWindow::Scan},
         {"ToolImg", &BillWindow::OpenImages},
         {"FJXCAccount", &BillWindow::OpenAccountSettings},
+        {"FExcle_PT", &BillWindow::ExportGrid},
         {"MMSHFormat", &BillWindow::FormatColumns},
         {"FDeleteMSHFormat", &BillWindow::DeleteFormat},
     };
@@ -263,7 +273,7 @@ void BillWindow::ShowTotals()
 void BillWindow::ShowCommands()
 {
     for (const BillKey& key : BillKeys()) {
-        const bool on = key.isThere && (!key.command || m_bill.isEnabled(*key.command));
+        const bool on = !key.command || m_bill.isEnabled(*key.command);
         findChild<QAction*>(key.control)->setEnabled(on);
         if (key.menuEntry)
             findChild<QAction*>(key.menuEntry)->setEnabled(on);
@@ -329,6 +339,7 @@ void BillWindow::PickForLine(const PickerNeeded& picker)
 
 void BillWindow::Scan()
 {
+    ChooseTypedWarehouses(m_program, m_bill); // the key leaves the focus in the head
     if (!m_commands.isHeadReady(m_program, m_bill))
         return;
     m_editors->Hide();
@@ -344,6 +355,41 @@ void BillWindow::Scan()
         },
     };
     frmBillPos::Open(m_program, scanned, this);
+}
+
+void BillWindow::OpenImport()
+{
+    ChooseTypedWarehouses(m_program, m_bill);
+    if (!m_commands.isHeadReady(m_program, m_bill))
+        return;
+    m_editors->Hide();
+    const ImportCaller caller{[this](QWidget* over) { ExcelInBill(over); }, ImportTitles(*m_bill.kind)};
+    frmBillToExcel::Open(m_program, caller, this);
+}
+
+void BillWindow::ExcelInBill(QWidget* over)
+{
+    const QString path = AskImportFile(m_program, *m_bill.kind);
+    if (path.isEmpty())
+        return;
+    QString outcome;
+    {
+        const QScopedValueRollback<bool> importing(m_importing, true);
+        frmProgress window(m_program, "导入", over);
+        outcome =
+            ::ExcelInBill(m_program, m_bill, path, [&window](int done, int total) { return window.Step(done, total); });
+    }
+    ShowBill();
+    if (!outcome.isEmpty())
+        m_program.prompt.Inform(outcome);
+}
+
+void BillWindow::ExportGrid()
+{
+    if (!CheckOperateRight(m_program, m_program.parameters.UserName, m_bill.kind->rights, Action::Print))
+        return;
+    m_editors->Hide();
+    frmExport::ExportGrid(m_program, TableOf(m_bill.MSH), this);
 }
 
 void BillWindow::OpenImages()
@@ -420,6 +466,8 @@ void BillWindow::RestorePlace(const QSize& usual)
 
 void BillWindow::closeEvent(QCloseEvent* event)
 {
+    if (m_importing) // the session ends; nothing else reaches the window now
+        return event->ignore();
     RememberPlace(m_program.parameters, metaObject()->className(), saveGeometry());
     RememberWidths(m_program.parameters, m_drawnKey, m_drawn);
     if (m_program.gConnection.State() == 1)

@@ -92,6 +92,9 @@ private:
     void PickForLine(const PickerNeeded& picker);
     void Run(BillCommands::Rule rule);
     void Save();
+    void OpenImport();
+    void ExcelInBill(QWidget* over);
+    void ExportGrid();
     void Scan();
     void OpenImages();
     void OpenAccountSettings();
@@ -107,6 +110,7 @@ private:
     GridView* m_grid = nullptr;
     CellEditors* m_editors = nullptr;
     QLabel* m_loading = nullptr; // LoadingPic
+    bool m_importing = false;    // lines are on their way into the bill
     QString m_drawnKey;          // of the layout that m_drawn belongs to
     ColumnWidths m_drawn;        // by the user
 };

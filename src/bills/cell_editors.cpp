@@ -3,6 +3,7 @@
 #include "bills/drop_list.h"
 #include "bills/grid_view.h"
 #include "bills/paste.h"
+#include "bills/shades.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -12,12 +13,13 @@
 
 namespace {
 
-const QColor kEditorBase(0xff, 0xfb, 0xe0);
+const QColor kEditorTint(0xff, 0xdf, 0x00);
+constexpr double kEditorShare = 0.125;
 
 void Tint(QWidget& editor)
 {
     QPalette colours = editor.palette();
-    colours.setColor(QPalette::Base, kEditorBase);
+    colours.setColor(QPalette::Base, Mixed(colours.color(QPalette::Base), kEditorTint, kEditorShare));
     editor.setPalette(colours);
 }
 

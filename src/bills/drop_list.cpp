@@ -1,5 +1,7 @@
 #include "bills/drop_list.h"
 
+#include "bills/shades.h"
+
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -10,6 +12,9 @@
 namespace {
 
 constexpr int kShownRows = 10;
+
+const QColor kCurrentTint(0x00, 0xff, 0xff);
+constexpr double kCurrentShare = 63.0 / 255;
 
 constexpr int kCodeColumn = 1;
 constexpr int kHintRoom = 14;
@@ -57,7 +62,7 @@ void DropList::MakeList()
     for (const int characters : kColumnCharacters)
         m_list->setColumnWidth(column++, unit * characters);
     QPalette colours = m_list->palette();
-    colours.setColor(QPalette::Highlight, QColor(0xc0, 0xff, 0xff));
+    colours.setColor(QPalette::Highlight, Mixed(colours.color(QPalette::Base), kCurrentTint, kCurrentShare));
     colours.setColor(QPalette::HighlightedText, colours.color(QPalette::Text));
     m_list->setPalette(colours);
     m_list->installEventFilter(this);

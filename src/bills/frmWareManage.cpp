@@ -1,6 +1,7 @@
 #include "bills/frmWareManage.h"
 
 #include "bills/audit.h"
+#include "bills/bill_print.h"
 #include "bills/bill_widgets.h"
 #include "bills/lifecycle.h"
 #include "bills/line_entry.h"
@@ -17,6 +18,7 @@ namespace {
 constexpr BillCommands kCommands{
     .isHeadReady = [](Program& program, BillText& bill) { return WarehousePrecheck(program, bill); },
     .save = FSave,
+    .paper = &kWareManagePaper,
 };
 
 constexpr int kHeadColumns = 4;

@@ -2,6 +2,8 @@
 
 #include "dialogs/grid_format.h"
 
+#include <QGuiApplication>
+#include <QPalette>
 #include <algorithm>
 
 namespace {
@@ -43,9 +45,9 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
         return int(Qt::AlignCenter);
     const bool isCurrent = orientation == Qt::Vertical && section + 1 == m_grid.currentRow;
     if (isCurrent && role == Qt::BackgroundRole)
-        return kAccent;
+        return QGuiApplication::palette().color(QPalette::Highlight);
     if (isCurrent && role == Qt::ForegroundRole)
-        return QColor(Qt::white);
+        return QGuiApplication::palette().color(QPalette::HighlightedText);
     if (role != Qt::DisplayRole)
         return {};
     if (orientation == Qt::Horizontal)

@@ -5,10 +5,6 @@
 #include "bills/line_grid.h"
 
 #include <QAbstractTableModel>
-#include <QColor>
-
-/// What leads the eye: the current row and cell.
-inline const QColor kAccent(0x1d, 0x62, 0xb8);
 
 class GridModel : public QAbstractTableModel
 {

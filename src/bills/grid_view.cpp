@@ -1,5 +1,6 @@
 #include "bills/grid_view.h"
 
+#include "bills/shades.h"
 #include "dialogs/frmOption_Bill.h"
 
 #include <QHeaderView>
@@ -11,8 +12,9 @@
 
 namespace {
 
-const QColor kCurrentRow(0xe6, 0xf0, 0xfc);
-const QColor kLines(0xd9, 0xdf, 0xe7);
+// Shares of other colours in the ground of a cell.
+constexpr double kCurrentRow = 0.11;
+constexpr double kLines = 0.16;
 
 constexpr int kLeastSeen = 24; // of a cell's width for an editor to stand in
 
@@ -24,26 +26,28 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
+        const QColor base = m_view.palette().color(QPalette::Base);
+        const QColor accent = m_view.palette().color(QPalette::Highlight);
         const QModelIndex current = m_view.currentIndex();
         if (index.row() == current.row())
-            painter->fillRect(option.rect, kCurrentRow);
+            painter->fillRect(option.rect, Mixed(base, accent, kCurrentRow));
         QStyleOptionViewItem plain(option);
         plain.state &= ~(QStyle::State_HasFocus | QStyle::State_Selected | QStyle::State_MouseOver);
         plain.state |= QStyle::State_Enabled;
         QStyledItemDelegate::paint(painter, plain, index);
         painter->save();
-        painter->setPen(kLines);
+        painter->setPen(Mixed(base, m_view.palette().color(QPalette::Text), kLines));
         painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
         painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
         if (index == current)
-            Frame(painter, option.rect);
+            Frame(painter, option.rect, accent);
         painter->restore();
     }
 
 private:
-    static void Frame(QPainter* painter, const QRect& cell)
+    static void Frame(QPainter* painter, const QRect& cell, const QColor& accent)
     {
-        painter->setPen(QPen(kAccent, 2));
+        painter->setPen(QPen(accent, 2));
         painter->drawRect(cell.adjusted(1, 1, -1, -1));
     }
 

@@ -99,6 +99,19 @@ void ForgetChoice(BillText& bill, const HeadField& typed)
     }
 }
 
+void ChooseTypedWarehouses(Program& program, BillText& bill)
+{
+    for (const WarehouseField warehouse : {WarehouseField::F, WarehouseField::S}) {
+        const WarehouseBoxes boxes = BoxesOf(warehouse);
+        const QString name = (bill.*boxes.name).trimmed();
+        if (name.isEmpty() || !(bill.*boxes.code).trimmed().isEmpty())
+            continue;
+        const Recordset found = OpenQuery(program, Sql("select Code from TabWarehouseType  where Name=") + name + " ");
+        if (found.size() == 1)
+            bill.*boxes.code = found.Text("Code");
+    }
+}
+
 const std::vector<HeadCheck>& HeadChecks()
 {
     static const std::vector<HeadCheck> checks = {

@@ -22,6 +22,8 @@ const HeadField* FindHeadField(const QString& control);
 /// A field has been typed into: a name typed over a chosen warehouse is no longer that warehouse, whose code would
 /// otherwise win at the save.
 void ForgetChoice(BillText& bill, const HeadField& typed);
+/// A warehouse whose whole name has been typed is chosen without Enter.
+void ChooseTypedWarehouses(Program& program, BillText& bill);
 
 struct HeadCheck
 {

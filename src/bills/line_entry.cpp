@@ -302,6 +302,11 @@ void DeleteGridRow(Program& program, BillText& bill)
     bill.LinesChanged(program);
 }
 
+Recordset GoodForLine(Program& program, const QString& code)
+{
+    return OpenQuery(program, Sql("select Code ,Name,Spec,Unite from TabWare where Code=") + code + " ");
+}
+
 std::optional<double> PosInPrice(Program& program, const BillText& bill, const QString& code)
 {
     const bool hasWarehouse = !bill.TxtWarehouseCodeF.isEmpty() || !bill.TxtWarehouseCodeS.isEmpty();
@@ -313,8 +318,7 @@ std::optional<double> PosInPrice(Program& program, const BillText& bill, const Q
 
 void PosInBill(Program& program, BillText& bill, const QString& code, double quantity)
 {
-    const Recordset good =
-        OpenQuery(program, Sql("select Code ,Name,Spec,Unite from TabWare where Code=") + code + " ");
+    const Recordset good = GoodForLine(program, code);
     if (good.isEmpty())
         return;
     const LineColumns at(*bill.kind);

@@ -5,6 +5,7 @@
 
 #include "bills/bill_text.h"
 #include "bills/picker_needed.h"
+#include "database/recordset.h"
 #include "handover/program.h"
 
 #include <optional>
@@ -71,6 +72,8 @@ bool WarehousePrecheck(Program& program, const BillText& bill);
 void InsertGridRow(Program& program, BillText& bill);
 void DeleteGridRow(Program& program, BillText& bill);
 
+/// A good with its code, name, spec and unit, for lines from elsewhere.
+Recordset GoodForLine(Program& program, const QString& code);
 /// For scanning: the price the bill would use. Unset without warehouses and where the bill has no cost of its own.
 std::optional<double> PosInPrice(Program& program, const BillText& bill, const QString& code);
 /// For scanning: adds a line, on an assembly at its price; an unknown good adds none.

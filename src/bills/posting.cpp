@@ -141,11 +141,17 @@ Outcome WriteBill(Save& save, HeadRow head, bool rewrite)
     SaveUnit unit(program);
     if (!unit.isOpen())
         return Outcome::NotStored;
-    if (rewrite)
+    if (rewrite) {
+        if (!MayReplace(program, bill))
+            return Outcome::NotStored;
         DeleteRows(program, bill);
+    }
     const Moment moment = save.moments.Next();
-    if (IsStored(program, bill))
+    const std::optional<bool> isTaken = IsStored(program, bill);
+    if (isTaken.value_or(false))
         return Outcome::CodeTaken;
+    if (!isTaken || !DeleteStrayLines(program, bill))
+        return Outcome::NotStored;
     OpenQuery(program, InsertInto(Name(bill.kind->headTable), head(save, moment)));
     for (int row = 1; row < bill.MSH.lastRow(); ++row) {
         if (!WriteLine(save, row))

@@ -2,6 +2,7 @@
 
 #include "data/decimals.h"
 #include "data/lookups.h"
+#include "data/periods.h"
 
 Save::Save(Program& p, const BillText& b)
     : program(p),
@@ -81,16 +82,42 @@ Row LineRow(const Save& save, int row, const Moment& moment, const LineFigures& 
     return values;
 }
 
-bool IsStored(Program& program, const BillText& bill)
+std::optional<bool> IsStored(Program& program, const BillText& bill)
 {
-    const Sql query =
-        Sql("select Code from  ") + Name(bill.kind->headTable) + "  where Code=" + bill.TxtBillCode.trimmed();
-    return !OpenQuery(program, query).isEmpty();
+    const Recordset head = OpenQuery(program, Sql("select Code from  ") + Name(bill.kind->headTable) +
+                                                  "  where Code=" + bill.TxtBillCode.trimmed());
+    if (!head)
+        return {};
+    return !head.isEmpty();
+}
+
+bool MayReplace(Program& program, const BillText& bill)
+{
+    const Recordset head = OpenQuery(program, Sql("select Datee,State,Auditing from ") + Name(bill.kind->headTable) +
+                                                  " where Code=" + bill.TxtBillCode.trimmed());
+    if (!head || head.isEmpty()) // a bill that is gone is stored afresh
+        return static_cast<bool>(head);
+    const auto refuse = [&program](const QString& text) {
+        Inform(program, text);
+        return false;
+    };
+    if (head.Text("State").trimmed() == u"作废")
+        return refuse("该单据已被其他用户作废，禁止修改！");
+    if (!head.Text("Auditing").trimmed().isEmpty() && bill.TxtAuditing.trimmed().isEmpty())
+        return refuse("该单据已被其他用户审核，禁止修改！");
+    const std::optional<QDate> day = head.Day("Datee");
+    return !day || !IsDayClosed(program, *day, false) || refuse("今天已结转，禁止当前操作！");
+}
+
+bool DeleteStrayLines(Program& program, const BillText& bill)
+{
+    return static_cast<bool>(OpenQuery(program, Sql("delete from ") + Name(bill.kind->lineTable) +
+                                                    "  where BillCode=" + bill.TxtBillCode.trimmed()));
 }
 
 std::optional<bool> AskRewrite(Program& program, const BillText& bill)
 {
-    const bool rewrite = IsStored(program, bill) && bill.BillSavedFlag;
+    const bool rewrite = IsStored(program, bill).value_or(false) && bill.BillSavedFlag;
     if (!rewrite || program.prompt.Ask("如果确定修改则按是，否则按否退出重新执行保存！"))
         return rewrite;
     program.prompt.Inform("修改单据失败！");

@@ -1,18 +1,23 @@
 #include "bills/toolbar_icons.h"
 
 #include "bills/line_drawing.h"
+#include "bills/shades.h"
 
+#include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
+#include <QPalette>
 #include <array>
 
 namespace {
 
-constexpr QRgb kInk = 0xff374151;
 constexpr QRgb kBlue = 0xff1d62b8;
 constexpr QRgb kGreen = 0xff168a4a;
 constexpr QRgb kRed = 0xffc6362f;
-constexpr QRgb kDisabled = 0xffb4bbc5;
+
+// Shares of the text's colour in the ground.
+constexpr double kInk = 0.88;
+constexpr double kDisabledInk = 0.3;
 
 /// Two outlines, the second in its own colour.
 struct Drawing
@@ -66,11 +71,12 @@ public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
     {
         const bool disabled = mode == QIcon::Disabled;
-        const auto stroke = [&](const char* steps, QRgb colour) {
-            StrokeOutline(*painter, Outline(steps), rect, QColor::fromRgb(disabled ? kDisabled : colour), 1.7);
-        };
-        stroke(m_drawing.lines, kInk);
-        stroke(m_drawing.accent, m_drawing.accentColour);
+        const QPalette colours = QGuiApplication::palette();
+        const QColor ground = colours.color(QPalette::Window);
+        const QColor ink = Mixed(ground, colours.color(QPalette::WindowText), disabled ? kDisabledInk : kInk);
+        const QColor accent = disabled ? ink : SeenOn(ground, QColor::fromRgb(m_drawing.accentColour));
+        StrokeOutline(*painter, Outline(m_drawing.lines), rect, ink, 1.7);
+        StrokeOutline(*painter, Outline(m_drawing.accent), rect, accent, 1.7);
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
     {

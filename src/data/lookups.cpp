@@ -2,6 +2,8 @@
 
 #include "handover/open_query.h"
 
+#include <algorithm>
+
 namespace {
 /// No tree is deeper; a row that is its own ancestor must not keep the program.
 constexpr int kMostLevels = 64;
@@ -149,4 +151,15 @@ QStringList TemplateNames(Program& program, const QString& tabType)
     for (int row = 0; row < rs.size(); ++row)
         names += rs.Text("TabName", row);
     return names;
+}
+
+int FindExcelColumn(const QStringList& titles, const QString& caption)
+{
+    const QString wanted = caption.trimmed();
+    const int last = std::min(kExcelColumns, static_cast<int>(titles.size()));
+    for (int column = 1; column <= last && !wanted.isEmpty(); ++column) {
+        if (titles[column - 1].trimmed() == wanted)
+            return column;
+    }
+    return kNoExcelColumn;
 }

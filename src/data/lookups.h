@@ -44,3 +44,9 @@ float GetBaseCurrencyRate(Program& program);
 float GetUnitRatio(Program& program, const QString& wareCode, const QString& unitName);
 /// Names of the Excel templates of a bill type, in menu order.
 QStringList TemplateNames(Program& program, const QString& tabType);
+
+constexpr int kExcelColumns = 40; // of a sheet, in which titles are looked for
+constexpr int kNoExcelColumn = kExcelColumns + 1;
+/// The first column, from 1, under a title, blanks around it aside; kNoExcelColumn for none and for a blank caption.
+/// @param titles  row 1 of a sheet
+int FindExcelColumn(const QStringList& titles, const QString& caption);

@@ -15,6 +15,8 @@ QString NextBillCode(Program& program, const QString& prefix, const char* table)
     const QString today = program.clock.Now().day.toString(u"yyyyMMdd");
     const Recordset rs = OpenQuery(program, Sql("select max(Code) as Codee from ") + table + " " + " where Code like " +
                                                 (prefix.trimmed() + today + "%") + " ");
+    if (!rs)
+        return {};
     const QString last = rs.Text("Codee").trimmed();
     double sequence = 1;
     if (last.mid(kDayStart, kSequenceStart - kDayStart) == today)
@@ -28,5 +30,5 @@ int NextVoucherNumber(Program& program, const QDate& start, const QDate& end, in
     const Recordset rs = OpenQuery(program, Sql("select Max(") + Name("WarrantNum" + digit) +
                                                 ") as WarrantNumm from TabWarrant " + " where Datee>=" + start +
                                                 "  and  Datee<=" + end + " and " + Name("AccountBook" + digit) + "=1 ");
-    return static_cast<int>(rs.Integer("WarrantNumm")) + 1;
+    return rs ? static_cast<int>(rs.Integer("WarrantNumm")) + 1 : 0;
 }

@@ -1,27 +1,12 @@
 #include "database/sqlite_nocase.h"
 
+#include "database/ascii_words.h"
+
 #include <algorithm>
-#include <bit>
 #include <cstdint>
-#include <cstring>
 #include <sqlite3.h>
 
 namespace {
-int Lower(unsigned char byte)
-{
-    return byte >= 'A' && byte <= 'Z' ? byte + ('a' - 'A') : byte;
-}
-
-static_assert(std::endian::native == std::endian::little, "the first byte of a text is the lowest of a word");
-
-template <typename Word>
-Word WordAt(const char* text)
-{
-    Word word;
-    std::memcpy(&word, text, sizeof word);
-    return word;
-}
-
 /// Moves `at` on by whole words to the first byte that differs; false where none does.
 template <typename Word>
 bool FindDifference(const char* left, const char* right, int length, int& at)
@@ -47,8 +32,7 @@ int Compare(void*, int leftLength, const void* leftText, int rightLength, const 
            FindDifference<std::uint32_t>(left, right, common, at) ||
            FindDifference<std::uint8_t>(left, right, common, at);
          ++at) {
-        const int difference =
-            Lower(static_cast<unsigned char>(left[at])) - Lower(static_cast<unsigned char>(right[at]));
+        const int difference = LowerAscii(left[at]) - LowerAscii(right[at]);
         if (difference != 0)
             return difference;
     }

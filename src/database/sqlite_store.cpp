@@ -1,6 +1,7 @@
 #include "database/sqlite_store.h"
 
 #include "database/sqlite_handle.h"
+#include "database/sqlite_like.h"
 #include "database/sqlite_nocase.h"
 #include "database/sqlite_sum.h"
 #include "database/statement_mapping.h"
@@ -58,6 +59,7 @@ SqliteStore::SqliteStore(QString path, SqliteHandle database) : m_path(std::move
 {
     RegisterExactSum(m_database.get());
     RegisterNoCase(m_database.get());
+    RegisterAnyLike(m_database.get());
     RunWords(kPragmas);
 }
 

@@ -1,172 +1,77 @@
 #include "database/statement_mapping.h"
 
-#include "database/sql_tokens.h"
+#include "database/statement_passes.h"
 
+#include <algorithm>
+#include <functional>
 #include <optional>
 
 namespace {
-/// Depth of brackets change that a token brings.
-int DepthStep(const SqlToken& token)
+/// The tokens of `X like ?`.
+struct Like
 {
-    return token.is("(") ? 1 : token.is(")") ? -1 : 0;
+    size_t column;
+    size_t pattern;
+};
+
+/// The like that begins at the first word from `from` on and is all that stands between two `or`s or brackets.
+std::optional<Like> LikeAt(const SqlTokens& tokens, size_t from)
+{
+    const auto is = [&tokens](size_t at, const char* word) { return at < tokens.size() && tokens[at].is(word); };
+    const size_t column = NextWord(tokens, from);
+    const size_t like = NextWord(tokens, column + 1);
+    const size_t pattern = NextWord(tokens, like + 1);
+    if (!is(like, "like") || !is(pattern, "?") || tokens[column].kind != SqlToken::Kind::Word)
+        return {};
+    const size_t behind = NextWord(tokens, pattern + 1);
+    const auto ends = {"or", ")", "order", "group", "union"};
+    if (behind < tokens.size() && std::ranges::none_of(ends, [&](const char* end) { return is(behind, end); }))
+        return {};
+    return Like{column, pattern};
 }
 
-/// From `from` on, the first token at the same depth that `matches`, or that closes the bracket around; else the end.
-template <typename Matches>
-size_t FindAtDepth(const SqlTokens& tokens, size_t from, Matches matches)
+/// Likes with nothing but `or` between them, from `from` on.
+std::vector<Like> LikesAt(const SqlTokens& tokens, size_t from)
 {
-    int depth = 0;
-    for (size_t i = from; i < tokens.size(); ++i) {
-        if (depth == 0 && (tokens[i].is(")") || matches(tokens[i])))
-            return i;
-        depth += DepthStep(tokens[i]);
+    std::vector<Like> likes;
+    for (std::optional<Like> like = LikeAt(tokens, from); like; like = LikeAt(tokens, from)) {
+        likes.push_back(*like);
+        const size_t next = NextWord(tokens, like->pattern + 1);
+        if (next >= tokens.size() || !tokens[next].is("or"))
+            break;
+        from = next + 1;
     }
-    return tokens.size();
+    return likes;
 }
 
-/// Whether a select that begins at `select` follows a union at its depth.
-bool FollowsUnion(const SqlTokens& tokens, size_t select)
-{
-    int depth = 0;
-    for (size_t i = select; i-- > 0;) {
-        if (depth == 0 && tokens[i].is("("))
-            return false;
-        if (depth == 0 && tokens[i].is("union"))
-            return true;
-        depth += DepthStep(tokens[i]);
-    }
-    return false;
-}
-
-/// `cint(x)` and `convert(int,x)` become `cast(x as integer)`.
-void MapIntegerCasts(SqlTokens& tokens)
+/// `X like ? or Y like ? ..` becomes `any_like(X,?,Y,?,..)`, the store's own function. A single like stays, and so do
+/// those of one column: they may find their rows by an index.
+void MapLikes(SqlTokens& tokens)
 {
     for (size_t i = 0; i < tokens.size(); ++i) {
-        const bool isConvert = tokens[i].is("convert");
-        if (!isConvert && !tokens[i].is("cint"))
+        if (!tokens[i].is("where") && !tokens[i].is("(") && !tokens[i].is("or"))
             continue;
-        const size_t open = NextWord(tokens, i + 1);
-        if (open >= tokens.size() || !tokens[open].is("("))
+        const std::vector<Like> likes = LikesAt(tokens, i + 1);
+        const auto column = [&tokens](const Like& like) { return tokens[like.column].text; };
+        if (std::ranges::adjacent_find(likes, std::not_equal_to{}, column) == likes.end())
             continue;
-        size_t argument = open + 1;
-        if (isConvert) {
-            const size_t comma = FindAtDepth(tokens, argument, [](const SqlToken& t) { return t.is(","); });
-            if (comma >= tokens.size() || !tokens[comma].is(","))
-                continue;
-            argument = comma + 1;
-        }
-        const size_t close = FindAtDepth(tokens, argument, [](const SqlToken&) { return false; });
-        if (close >= tokens.size())
-            continue;
-        tokens[i].text = "cast";
-        tokens[close].text = " as integer)";
-        tokens.erase(tokens.begin() + static_cast<long>(open) + 1, tokens.begin() + static_cast<long>(argument));
+        std::string pairs;
+        for (const Like& like : likes)
+            pairs += "," + column(like) + ",?";
+        const auto first = tokens.begin() + static_cast<long>(likes.front().column);
+        *first = {SqlToken::Kind::Word, "any_like(" + pairs.substr(1) + ")"};
+        tokens.erase(first + 1, tokens.begin() + static_cast<long>(likes.back().pattern) + 1);
     }
 }
 
-/// `select top n ..` becomes `select .. limit n`, in a derived table where it is a branch of a union.
-void MapTop(SqlTokens& tokens)
-{
-    for (size_t i = tokens.size(); i-- > 0;) {
-        if (!tokens[i].is("top"))
-            continue;
-        const size_t count = NextWord(tokens, i + 1);
-        if (count >= tokens.size() || i < 2 || !tokens[i - 2].is("select"))
-            continue;
-        const size_t select = i - 2;
-        const size_t end = FindAtDepth(tokens, count + 1, [](const SqlToken& t) { return t.is("union"); });
-        const bool isBranch = (end < tokens.size() && tokens[end].is("union")) || FollowsUnion(tokens, select);
-        const std::string limit = " limit " + tokens[count].text + (isBranch ? ") " : " ");
-        tokens.insert(tokens.begin() + static_cast<long>(end), {SqlToken::Kind::Word, limit});
-        tokens.erase(tokens.begin() + static_cast<long>(i), tokens.begin() + static_cast<long>(count) + 1);
-        if (isBranch)
-            tokens[select].text = "select * from (" + tokens[select].text;
-    }
-}
-
-/// Takes `table` and the comma beside it out of a list of tables.
-SqlTokens WithoutTable(const SqlTokens& list, const SqlToken& table)
-{
-    std::string rest;
-    std::string item;
-    const auto finishItem = [&] {
-        const size_t first = item.find_first_not_of(" \t\r\n");
-        if (first != std::string::npos) {
-            item = item.substr(first, item.find_last_not_of(" \t\r\n") - first + 1);
-            if (!table.is(item))
-                rest += (rest.empty() ? "" : ",") + item;
-        }
-        item.clear();
-    };
-    for (const SqlToken& token : list) {
-        if (token.is(","))
-            finishItem();
-        else
-            item += token.text;
-    }
-    finishItem();
-    return rest.empty() ? SqlTokens{} : SqlTokens{{SqlToken::Kind::Word, " from " + rest + " "}};
-}
-
-/// The targets of a set list bear no table name.
-void StripTargets(SqlTokens& setList)
-{
-    bool atTarget = true;
-    int depth = 0;
-    for (SqlToken& token : setList) {
-        depth += DepthStep(token);
-        if (depth == 0 && token.is(","))
-            atTarget = true;
-        else if (atTarget && token.kind == SqlToken::Kind::Word) {
-            token.text = token.text.substr(token.text.rfind('.') + 1);
-            atTarget = false;
-        }
-    }
-}
-
-SqlTokens Slice(const SqlTokens& tokens, size_t from, size_t to)
-{
-    return from < to ? SqlTokens(tokens.begin() + static_cast<long>(from), tokens.begin() + static_cast<long>(to))
-                     : SqlTokens{};
-}
-
-/// `update T,U set T.a=.. where ..` and `update T set T.a=.. from T,U where ..` become
-/// `update T set a=.. from U where ..`.
-void MapUpdate(SqlTokens& tokens)
-{
-    const size_t update = NextWord(tokens, 0);
-    if (update >= tokens.size() || !tokens[update].is("update"))
-        return;
-    const auto find = [&](size_t from, const char* keyword) {
-        return FindAtDepth(tokens, from, [keyword](const SqlToken& t) { return t.is(keyword); });
-    };
-    const size_t table = NextWord(tokens, update + 1);
-    const size_t set = find(table, "set");
-    if (table >= tokens.size() || set >= tokens.size())
-        return;
-    const size_t where = find(set, "where");
-    const size_t from = std::min(find(set, "from"), where);
-
-    SqlTokens sources = Slice(tokens, table + 1, set);
-    const SqlTokens fromList = Slice(tokens, from + 1, where);
-    sources.push_back({SqlToken::Kind::Sign, ","});
-    sources.insert(sources.end(), fromList.begin(), fromList.end());
-
-    SqlTokens setList = Slice(tokens, set + 1, from);
-    StripTargets(setList);
-
-    SqlTokens mapped{{SqlToken::Kind::Word, "update " + tokens[table].text + " set "}};
-    for (const SqlTokens& part : {setList, WithoutTable(sources, tokens[table]), Slice(tokens, where, tokens.size())})
-        mapped.insert(mapped.end(), part.begin(), part.end());
-    tokens = std::move(mapped);
-}
 } // namespace
 
 std::string MapForSqlite(std::string_view words)
 {
     SqlTokens tokens = CutSql(words);
+    MapLikes(tokens);
     MapIntegerCasts(tokens);
-    MapTop(tokens);
+    MapTop(tokens, TopForm::Limit);
     MapUpdate(tokens);
     return JoinSql(tokens);
 }

@@ -1,6 +1,9 @@
 #include "database/store.h"
 
+#include "database/odbc_store.h"
 #include "database/sqlite_store.h"
+
+#include <QCoreApplication>
 
 namespace {
 /// The file behind an office database's connection string: what stands between the source and the password.
@@ -19,6 +22,6 @@ std::unique_ptr<Store> OpenStore(const QString& connectionString)
     if (connectionString.startsWith("Provider = Microsoft.Jet.OLEDB"))
         return OpenSqliteFile(DataSource(connectionString));
     if (connectionString.startsWith("Driver="))
-        throw StoreError{kUnspecified, "本程序没有安装数据库服务器的连接部件！"};
+        return OpenServer(ReadServerSettings(QCoreApplication::applicationDirPath()), AddressOf(connectionString));
     throw StoreError{kUnspecified, "不能确定数据库的类型，连接失败！"};
 }

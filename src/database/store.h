@@ -30,6 +30,8 @@ public:
     virtual void RollbackUnit() = 0;
     /// False again as soon as the unit has ended, also when the database itself gave it up (a full disk).
     virtual bool inUnit() const = 0;
+    /// The database is gone: this store answers nothing more, and its unit has been taken back.
+    virtual bool isLost() const { return false; }
 };
 
 /// Opens the store that a connection string names. Throws StoreError.

@@ -1,12 +1,18 @@
 #include "frame/appearance.h"
 
+#include "bills/shades.h"
+
 #include <QApplication>
 #include <QFontDatabase>
 #include <QPalette>
 #include <QRawFont>
 #include <QStyleFactory>
+#include <tuple>
 
 namespace {
+
+constexpr int kDarkest = 32;     // of a window, out of 255, with edges that are seen
+constexpr double kLifted = 0.18; // of the text's colour in the ground instead
 
 /// Whether a font brings Chinese glyphs itself, so that texts are not pieced together from two fonts.
 bool HasChinese(const QFont& font)
@@ -26,6 +32,35 @@ QFont ChineseFont(QFont font)
         break;
     }
     return font;
+}
+
+/// Who has a desktop in light on dark, or in plain black on plain white, needs it.
+bool IsNeeded(const QPalette& desktop)
+{
+    const QColor window = desktop.color(QPalette::Window);
+    const QColor text = desktop.color(QPalette::WindowText);
+    return window.lightness() < text.lightness() || (window == Qt::white && text == Qt::black);
+}
+
+/// The desktop's colours; what is locked reads as well as with our own.
+QPalette Readable(QPalette desktop)
+{
+    // The style draws its edges darker than the window: on a black one no box would have any.
+    const QColor base = desktop.color(QPalette::Base);
+    if (desktop.color(QPalette::Window).lightness() < kDarkest)
+        for (const auto role : {QPalette::Window, QPalette::Button})
+            desktop.setColor(role, Mixed(base, desktop.color(QPalette::Text), kLifted));
+    constexpr std::tuple<QPalette::ColorRole, QPalette::ColorRole, double> kLocked[] = {
+        {QPalette::Text, QPalette::Base, 0.8},
+        {QPalette::WindowText, QPalette::Window, 0.8},
+        {QPalette::ButtonText, QPalette::Button, 0.5},
+    };
+    for (const auto& [text, ground, share] : kLocked) {
+        const QColor under = desktop.color(QPalette::Active, ground);
+        desktop.setColor(QPalette::Disabled, ground, under);
+        desktop.setColor(QPalette::Disabled, text, Mixed(under, desktop.color(QPalette::Active, text), share));
+    }
+    return desktop;
 }
 
 QPalette Colours()
@@ -57,6 +92,7 @@ QPalette Colours()
 void SetAppearance()
 {
     QApplication::setStyle(QStyleFactory::create("Fusion"));
-    QApplication::setPalette(Colours());
+    const QPalette desktop = QApplication::palette();
+    QApplication::setPalette(IsNeeded(desktop) ? Readable(desktop) : Colours());
     QApplication::setFont(ChineseFont(QApplication::font()));
 }

@@ -9,9 +9,12 @@ struct Brand
 {
     QColor deep;
     QColor main;
-    QColor pale; // behind what is under the pointer
     QColor accent;
 };
+
+/// Shares in the ground: of the text in an edge, of the brand behind what is under the pointer.
+constexpr double kEdge = 0.17;
+constexpr double kLit = 0.12;
 
 /// "Z3" has its own brand, every other code the first one.
 const Brand& BrandOf(const QString& softType);

@@ -1,5 +1,6 @@
 #include "frame/frmMain_desk.h"
 
+#include "bills/shades.h"
 #include "frame/frmMain_banner.h"
 #include "frame/frmMain_entries.h"
 #include "frame/functions.h"
@@ -14,6 +15,8 @@
 #include <QVBoxLayout>
 
 namespace {
+
+constexpr double kHint = 0.68; // of the text in a hint
 
 QScrollArea* ScrollArea(QWidget* content, QWidget* parent)
 {
@@ -79,7 +82,10 @@ QWidget* Desk::MakeTiles()
     m_tiles = new EntryBoard(EntryLook::Tile, "PicFunction", m_brand, pane);
     m_tiles->SetMaximumColumns(3);
     auto* const hint = new QLabel("Alt+数字 切换分类 · 方向键移动 · Enter 打开", pane);
-    hint->setStyleSheet("color:#6b7684;");
+    QPalette colours = hint->palette();
+    colours.setColor(QPalette::WindowText,
+                     Mixed(colours.color(QPalette::Window), colours.color(QPalette::WindowText), kHint));
+    hint->setPalette(colours);
     auto* const column = new QVBoxLayout(pane);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(ScrollArea(m_tiles, pane), 1);
@@ -91,7 +97,7 @@ QWidget* Desk::MakeItems()
 {
     auto* const pane = new QFrame(this);
     pane->setObjectName("ItemPane");
-    pane->setStyleSheet("#ItemPane{background:#ffffff;border:1px solid #d8dee6;border-radius:8px;}");
+    pane->setStyleSheet("#ItemPane{background:palette(base);border:1px solid palette(midlight);border-radius:8px;}");
     m_items = new EntryBoard(EntryLook::Row, "LabItemName", m_brand, pane);
     m_scroll = ScrollArea(m_items, pane);
     m_scroll->setObjectName("PicInf");

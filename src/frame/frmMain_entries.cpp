@@ -1,5 +1,6 @@
 #include "frame/frmMain_entries.h"
 
+#include "bills/shades.h"
 #include "frame/frmMain_banner.h"
 #include "frame/frmMain_icons.h"
 
@@ -51,9 +52,11 @@ void FunctionEntry::paintEvent(QPaintEvent*)
     const double radius = tile ? 8 : 5;
     const QRectF face = QRectF(rect()).adjusted(1, 1, -1, -1);
     if (tile || lit) {
-        const QColor edge = hasFocus() || underMouse() ? m_brand.main : QColor(0xd8, 0xde, 0xe6);
+        const QColor base = palette().color(QPalette::Base);
+        const QColor edge = hasFocus() || underMouse() ? SeenOn(base, m_brand.main)
+                                                       : Mixed(base, palette().color(QPalette::Text), kEdge);
         painter.setPen(QPen(edge, hasFocus() ? 1.8 : 1));
-        painter.setBrush(isDown() ? m_brand.pale.darker(106) : lit ? m_brand.pale : QColor(Qt::white));
+        painter.setBrush(Mixed(base, m_brand.main, isDown() ? 2 * kLit : lit ? kLit : 0));
         painter.drawRoundedRect(face, radius, radius);
     }
     tile ? PaintTile(painter) : PaintRow(painter);
@@ -68,7 +71,7 @@ void FunctionEntry::PaintTile(QPainter& painter) const
     QFont caption = font();
     caption.setPointSizeF(font().pointSizeF() * 1.08);
     painter.setFont(caption);
-    painter.setPen(palette().color(QPalette::WindowText));
+    painter.setPen(palette().color(QPalette::Text));
     const double below = top + side + em * 0.3;
     painter.drawText(QRectF(em * 0.4, below, width() - em * 0.8, height() - below - em * 0.3),
                      Qt::AlignCenter | Qt::TextWrapAnywhere, text());
@@ -81,7 +84,7 @@ void FunctionEntry::PaintRow(QPainter& painter) const
     const double left = em * 0.4;
     PaintFunctionIcon(painter, text(), QRectF(left, (height() - side) / 2, side, side));
     const double textLeft = left + side + em * 0.5;
-    painter.setPen(palette().color(QPalette::WindowText));
+    painter.setPen(palette().color(QPalette::Text));
     const int room = static_cast<int>(width() - textLeft - 2);
     painter.drawText(QRectF(textLeft, 0, room, height()), Qt::AlignLeft | Qt::AlignVCenter,
                      fontMetrics().elidedText(text(), Qt::ElideRight, room));

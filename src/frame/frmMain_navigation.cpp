@@ -1,5 +1,6 @@
 #include "frame/frmMain_navigation.h"
 
+#include "bills/shades.h"
 #include "frame/frmMain_banner.h"
 #include "frame/frmMain_icons.h"
 #include "frame/functions.h"
@@ -23,7 +24,7 @@ public:
         if (index.data().toString() != kTreeSeparator)
             return QStyledItemDelegate::paint(painter, option, index);
         painter->save();
-        painter->setPen(QColor(0xd8, 0xde, 0xe6));
+        painter->setPen(Mixed(option.palette.color(QPalette::Base), option.palette.color(QPalette::Text), kEdge));
         const int middle = option.rect.center().y();
         painter->drawLine(option.rect.left() + 6, middle, option.rect.right() - 6, middle);
         painter->restore();
@@ -37,14 +38,14 @@ public:
     }
 };
 
-QString ButtonSheet(const Brand& brand)
+QString ButtonSheet(const Brand& brand, const QColor& base)
 {
-    return QString("QPushButton{text-align:left;padding:0.5em 0.9em;border:none;border-radius:5px;color:#1f2937;"
-                   "background:#ffffff;}"
+    return QString("QPushButton{text-align:left;padding:0.5em 0.9em;border:none;border-radius:5px;color:palette(text);"
+                   "background:palette(base);}"
                    "QPushButton:hover{background:%1;}"
                    "QPushButton:focus{border:1px solid %2;}"
                    "QPushButton:checked{background:%2;color:#ffffff;font-weight:bold;}")
-        .arg(brand.pale.name(), brand.main.name());
+        .arg(Mixed(base, brand.main, kLit).name(), brand.main.name());
 }
 
 } // namespace
@@ -69,7 +70,7 @@ Navigation::Navigation(const QStringList& captions, const Brand& brand, QWidget*
     m_tree->setFrameShape(QFrame::NoFrame);
     m_tree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_tree->setAccessibleName("功能列表");
-    m_nodePicture = FunctionGlyph("明细表", brand.main, 16); // ParentPic
+    m_nodePicture = FunctionGlyph("明细表", Ink(), 16); // ParentPic
     m_stack->addWidget(m_tree, 1);
 
     connect(m_tree, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) { m_clickedNode = item->text(0); });
@@ -89,9 +90,9 @@ QPushButton* Navigation::MakeButton(const QString& caption)
     auto* const button = new QPushButton(caption, this);
     const size_t number = m_buttons.size();
     button->setObjectName("Cmd" + QString::number(number));
-    button->setIcon(FunctionGlyph(caption, m_brand.main, 18));
+    button->setIcon(FunctionGlyph(caption, Ink(), 18));
     button->setIconSize({18, 18});
-    button->setStyleSheet(ButtonSheet(m_brand));
+    button->setStyleSheet(ButtonSheet(m_brand, palette().color(QPalette::Base)));
     button->setCursor(Qt::PointingHandCursor);
     button->setAutoDefault(false);
     const QKeySequence keys(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + number));
@@ -99,6 +100,11 @@ QPushButton* Navigation::MakeButton(const QString& caption)
     connect(button, &QPushButton::clicked, this, [this, caption] { emit CategoryChosen(caption); });
     connect(new QShortcut(keys, this), &QShortcut::activated, button, &QPushButton::click);
     return button;
+}
+
+QColor Navigation::Ink() const
+{
+    return SeenOn(palette().color(QPalette::Base), m_brand.main);
 }
 
 QSize Navigation::sizeHint() const
@@ -114,7 +120,7 @@ void Navigation::Open(const QString& caption, const QStringList& nodes)
         const bool chosen = button->text() == caption;
         button->setCheckable(chosen);
         button->setChecked(chosen);
-        button->setIcon(FunctionGlyph(button->text(), chosen ? QColor(Qt::white) : m_brand.main, 18));
+        button->setIcon(FunctionGlyph(button->text(), chosen ? QColor(Qt::white) : Ink(), 18));
         if (chosen)
             place = m_stack->indexOf(button) + 1;
     }

@@ -28,6 +28,7 @@ signals:
 
 private:
     QPushButton* MakeButton(const QString& caption);
+    QColor Ink() const;
     void FillTree(const QString& caption, const QStringList& nodes);
 
     const Brand& m_brand;

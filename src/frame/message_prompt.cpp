@@ -120,3 +120,11 @@ QString MessagePrompt::AskFile(const QString& title, const QString& filters)
 {
     return QFileDialog::getOpenFileName(QApplication::activeWindow(), title, QString(), filters);
 }
+
+void MessagePrompt::Busy(bool busy)
+{
+    if (busy)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}

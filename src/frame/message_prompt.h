@@ -12,4 +12,6 @@ public:
     bool Ask(const QString& text) override;
     void Error(const QString& text) override;
     QString AskFile(const QString& title, const QString& filters) override;
+    bool showsBusy() const override { return true; }
+    void Busy(bool busy) override;
 };

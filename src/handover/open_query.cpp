@@ -1,5 +1,7 @@
 #include "handover/open_query.h"
 
+#include <chrono>
+#include <future>
 #include <utility>
 
 namespace {
@@ -30,11 +32,30 @@ void ReportError(Program& program, const StoreError& error)
     ShowOrHold(program, {true, ErrorText(error)});
 }
 
+/// A server may be slow: what lasts longer than a glance is waited for under a busy pointer. The work runs beside the
+/// user's thread, which waits for it and does nothing else.
+template <typename Work>
+auto WaitFor(Program& program, const Work& work)
+{
+    constexpr std::chrono::milliseconds kGlance(200);
+    if (!program.prompt.showsBusy() || program.parameters.DatabaseType != u"SQL")
+        return work();
+    auto result = std::async(std::launch::async, work);
+    if (result.wait_for(kGlance) == std::future_status::timeout) {
+        program.prompt.Busy(true);
+        result.wait();
+        program.prompt.Busy(false);
+    }
+    return result.get();
+}
+
 /// The open store; opens it where it is closed.
 Store& OpenedStore(Program& program)
 {
-    if (program.gConnection.State() != 1)
-        program.gConnection.Open(BuildConnectionString(program));
+    if (program.gConnection.State() != 1) {
+        const QString connection = BuildConnectionString(program);
+        WaitFor(program, [&] { program.gConnection.Open(connection); });
+    }
     return program.gConnection.store();
 }
 
@@ -61,7 +82,7 @@ bool CommitUnit(Program& program)
     if (!StoreHoldsUnit(program))
         return false;
     try {
-        program.gConnection.store().CommitUnit();
+        WaitFor(program, [&] { program.gConnection.store().CommitUnit(); });
         return true;
     } catch (const StoreError& error) {
         ReportError(program, error);
@@ -78,7 +99,8 @@ Recordset OpenQuery(Program& program, const Sql& sql)
     if (program.unitOpen && !StoreHoldsUnit(program))
         return Recordset();
     try {
-        return OpenedStore(program).Run(sql);
+        Store& store = OpenedStore(program);
+        return WaitFor(program, [&] { return store.Run(sql); });
     } catch (const StoreError& error) {
         ReportError(program, error);
         return Recordset();
@@ -94,7 +116,8 @@ SaveUnit::SaveUnit(Program& program) : m_program(program)
 {
     Q_ASSERT(!program.unitOpen);
     try {
-        OpenedStore(program).BeginUnit();
+        Store& store = OpenedStore(program);
+        WaitFor(program, [&] { store.BeginUnit(); });
         m_open = true;
         program.unitOpen = true;
     } catch (const StoreError& error) {

@@ -35,13 +35,18 @@ StockSum MovementsSince(Program& program, const StockQuestion& question, const Q
 
 } // namespace
 
-TogatherData ComputeStockBalance(Program& program, const StockQuestion& question)
+StockOpening OpeningOf(Program& program, const StockQuestion& question)
 {
     // No snapshot serves a question by dimension: it walks all bills from the opening of the books.
     const std::optional<QDate> closing =
         question.dimensions.any() ? std::nullopt : LastClosing(program, question.asOf.day);
-    const StockSum opening = OpeningStock(program, question, closing);
-    const StockSum bills = MovementsSince(program, question, closing.value_or(kNoDate));
+    return {closing, closing.value_or(kNoDate), OpeningStock(program, question, closing)};
+}
+
+TogatherData ComputeStockBalance(Program& program, const StockQuestion& question)
+{
+    const auto [closing, from, opening] = OpeningOf(program, question);
+    const StockSum bills = MovementsSince(program, question, from);
 
     TogatherData result;
     result.StockAmount = RoundByDigits(bills.amount + opening.amount, GetDigitsByType(program, "数值型"));

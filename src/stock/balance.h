@@ -5,6 +5,8 @@
 #include "data/dimensions.h"
 #include "handover/program.h"
 
+#include <optional>
+
 struct StockQuestion
 {
     QString warehouse{}; // code of one warehouse, empty for all
@@ -29,7 +31,23 @@ struct TogatherData
     double LastStockCost = 0; // StockMoney before it became money
 };
 
+struct StockSum
+{
+    double amount = 0;
+    Currency money;
+};
+
+/// What a balance starts from. Movements count from the day after `from` on.
+struct StockOpening
+{
+    std::optional<QDate> closing; // whose snapshot it is; unset for the opening of the books
+    QDate from;
+    StockSum stock; // unrounded
+};
+
 /// Stock of one good up to and including a day.
 TogatherData GetStockBalance(Program& program, const StockQuestion& question);
 /// Its worker, which the moving average asks for the evening before.
 TogatherData ComputeStockBalance(Program& program, const StockQuestion& question);
+/// Where that question begins.
+StockOpening OpeningOf(Program& program, const StockQuestion& question);

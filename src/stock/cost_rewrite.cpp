@@ -176,6 +176,9 @@ void RewriteCostOverBills(Program& program, const QString& wareCode, const QStri
         if (span.holdsNoDay())
             continue;
         const QDate costDay = inflowDays.empty() ? lastClose : span.from;
-        ApplyCostToBillLines(program, rewrite, span, CostOnDay(program, rewrite, costDay));
+        const size_t boxes = program.heldBoxes.size();
+        const double cost = CostOnDay(program, rewrite, costDay);
+        if (program.heldBoxes.size() == boxes) // what the database did not answer is no cost
+            ApplyCostToBillLines(program, rewrite, span, cost);
     }
 }

@@ -74,20 +74,46 @@ void AppendRate(Sql& sql, const char* table, const QString& moneyName)
     Append(sql, "*", table, ".MoneyRate");
 }
 
-void AppendSums(Sql& sql, const Movement& movement, const QString& moneyName)
+/// What one line moves, with its sign.
+void AppendAmount(Sql& sql, const Movement& movement)
+{
+    if (movement.moves == ValueOnly)
+        sql += "0";
+    else
+        Append(sql, movement.moves == Out ? "-" : "", movement.line, ".UnionAmount");
+}
+
+void AppendMoney(Sql& sql, const Movement& movement, const QString& moneyName)
 {
     const char* const sign = movement.moves == Out ? "-" : "";
-    if (movement.moves == ValueOnly)
-        sql += "0 as Amount , ";
+    if (movement.money)
+        Append(sql, sign, movement.line, ".", movement.money);
     else
-        Append(sql, "sum(", sign, movement.line, ".UnionAmount) as Amount , ");
-    if (movement.money) {
-        AppendMoneySum(sql, sign, movement.line, movement.money, moneyName);
-    } else {
-        Append(sql, "sum(", sign, movement.line, ".UnionAmount*", movement.line, ".", movement.unitCost);
-        AppendRate(sql, movement.line, moneyName);
-        sql += ")";
-    }
+        Append(sql, sign, movement.line, ".UnionAmount*", movement.line, ".", movement.unitCost);
+    AppendRate(sql, movement.line, moneyName);
+}
+
+void AppendSums(Sql& sql, const Movement& movement, const QString& moneyName)
+{
+    const bool movesAmount = movement.moves != ValueOnly;
+    sql += movesAmount ? "sum(" : "";
+    AppendAmount(sql, movement);
+    sql += movesAmount ? ") as Amount , sum(" : " as Amount , sum(";
+    AppendMoney(sql, movement, moneyName);
+    sql += ") as Cost ";
+}
+
+/// The columns of ListMovements.
+void AppendLine(Sql& sql, const Movement& movement, const QString& moneyName)
+{
+    const bool isHead = std::string_view(movement.head) == movement.line;
+    Append(sql, "'", movement.head, "' as HeadTable,", movement.line, isHead ? ".Code" : ".BillCode", " as BillCode,",
+           isHead ? "0" : movement.line, isHead ? "" : ".Num", " as Num,", movement.line, ".Datee as Datee,",
+           movement.line, ".DateTimee as DateTimee,", movement.line, ".WareCode as WareCode,", movement.head, ".",
+           movement.warehouse, " as WarehouseCode,");
+    AppendAmount(sql, movement);
+    sql += " as Amount,";
+    AppendMoney(sql, movement, moneyName);
     sql += " as Cost ";
 }
 
@@ -110,11 +136,10 @@ void AppendLinks(Sql& sql, const Movement& movement)
     Append(sql, "  and ", movement.state, ".State='正常' ");
 }
 
-void AppendMovement(Sql& sql, const Movement& movement, const StockQuestion& question, const Sql& wareCondition,
-                    std::span<const DayLimit> days, bool byKindOfEntry)
+/// One source from its tables on.
+void AppendRowsOf(Sql& sql, const Movement& movement, const StockQuestion& question, const Sql& wareCondition,
+                  std::span<const DayLimit> days, bool byKindOfEntry)
 {
-    sql += "select ";
-    AppendSums(sql, movement, question.moneyName);
     Append(sql, " from ", movement.tables);
     if (byKindOfEntry)
         sql += ",TabOutInType";
@@ -140,11 +165,26 @@ StockSum SumMovements(Program& program, const StockQuestion& question, MovementS
     AppendUnion(sql, sources, [&](const Movement& movement) {
         // Of the other entries only the kinds that take part in costing are an inflow of value.
         const bool byKindOfEntry = onlyInflow && std::string_view(movement.head) == "TabElseInBill";
-        AppendMovement(sql, movement, question, wareCondition, days, byKindOfEntry);
+        sql += "select ";
+        AppendSums(sql, movement, question.moneyName);
+        AppendRowsOf(sql, movement, question, wareCondition, days, byKindOfEntry);
     });
     sql += " ) tmpTab";
     const Recordset sum = OpenQuery(program, sql);
     return {sum.Number("Amount"), sum.Money("Cost")};
+}
+
+Recordset ListMovements(Program& program, const StockQuestion& question, const Sql& wareCondition,
+                        std::span<const DayLimit> days)
+{
+    Sql sql("select * from ( ");
+    AppendUnion(sql, kMovements, [&](const Movement& movement) {
+        sql += "select ";
+        AppendLine(sql, movement, question.moneyName);
+        AppendRowsOf(sql, movement, question, wareCondition, days, false);
+    });
+    sql += " ) tmpTab order by WareCode,Datee,DateTimee,BillCode,Num";
+    return OpenQuery(program, sql);
 }
 
 Sql WareCondition(const StockQuestion& question)

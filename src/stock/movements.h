@@ -20,15 +20,16 @@ struct DayLimit
     Value limit;
 };
 
-struct StockSum
-{
-    double amount = 0;
-    Currency money;
-};
-
 /// Amount and money that the movements within the day limits add to stock; no rows add nothing. The day of the
 /// question takes no part.
 StockSum SumMovements(Program& program, const StockQuestion& question, MovementSet set, std::span<const DayLimit> days);
+
+/// The lines that the sum of all movements adds up, by good and day and on a day by their moments. Columns HeadTable
+/// (of its bill), BillCode, Num (0 where the head moves the good), Datee, DateTimee, WareCode, WarehouseCode, and
+/// Amount and Cost with the sign that they move stock with; Cost is the money, unrounded.
+/// @param wareCondition  of which goods: WareCondition, or one of the caller's on TabWare
+Recordset ListMovements(Program& program, const StockQuestion& question, const Sql& wareCondition,
+                        std::span<const DayLimit> days);
 
 /// Condition on the good, and on the warehouse where one is asked for.
 Sql WareCondition(const StockQuestion& question);

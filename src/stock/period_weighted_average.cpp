@@ -120,18 +120,23 @@ StockSum SnapshotStock(Program& program, const CostQuestion& question, const QDa
 
 } // namespace
 
-double PeriodWeightedAverage(Program& program, const CostQuestion& question)
+PeriodAverage PeriodWeightedAverage(Program& program, const CostQuestion& question)
 {
     const QDate& day = question.moment.day;
     const std::optional<QDate> newest = NewestClosing(program);
-    const Period period{LastClosing(program, day).value_or(kNoDate), day};
-    if (newest && *newest >= day)
-        return SnapshotPrice(program, question, period.after);
-
-    const StockSum opening = SnapshotStock(program, question, period.after);
-    const StockSum inflow = PeriodInflow(program, question, period);
+    PeriodAverage average;
+    average.after = LastClosing(program, day).value_or(kNoDate);
+    average.closed = newest && *newest >= day;
+    if (average.closed) {
+        average.cost = SnapshotPrice(program, question, average.after);
+        return average;
+    }
+    average.opening = SnapshotStock(program, question, average.after);
+    average.inflow = PeriodInflow(program, question, {average.after, day});
     // The siblings carry the inflow in single precision; the stored costs must agree with theirs.
-    const double amount = static_cast<float>(inflow.amount) + opening.amount;
+    const double amount = static_cast<float>(average.inflow.amount) + average.opening.amount;
     // A stock that went negative must not give a negative price.
-    return amount == 0 ? 0 : std::abs((opening.money + inflow.money).toDouble() / amount);
+    if (amount != 0)
+        average.cost = std::abs((average.opening.money + average.inflow.money).toDouble() / amount);
+    return average;
 }

@@ -2,8 +2,18 @@
 
 // The average cost of a good over one period, from the last close on.
 
+#include "stock/balance.h"
 #include "stock/unit_cost.h"
 
-/// Unrounded, since the caller rounds every method alike. Of a period that is closed, what its snapshot holds; of an
-/// open one never negative. 0 where there is neither stock nor inflow.
-double PeriodWeightedAverage(Program& program, const CostQuestion& question);
+/// The average with what it was made of.
+struct PeriodAverage
+{
+    QDate after;         // the close before the period
+    bool closed = false; // the cost is what the snapshot of that close holds
+    StockSum opening;    // of an open period
+    StockSum inflow;
+    double cost = 0; // unrounded, since the caller rounds every method alike; never negative in an open period
+};
+
+/// 0 where there is neither stock nor inflow.
+PeriodAverage PeriodWeightedAverage(Program& program, const CostQuestion& question);

@@ -56,7 +56,7 @@ double LineCost(Program& program, const CostQuestion& question, const QString& c
     if (costStyle == "个别指定法")
         return FixedCost(program, question.wareCode);
     if (costStyle == "加权平均法")
-        return PeriodWeightedAverage(program, question);
+        return PeriodWeightedAverage(program, question).cost;
     CostQuestion exact = question;
     exact.attributeExact = true;
     return MovingAverage(program, exact);
@@ -69,7 +69,7 @@ double SuggestedCost(Program& program, const CostQuestion& question, const QStri
         return MovingAverage(program, question);
     if (costStyle == "个别指定法")
         return FixedCost(program, question.wareCode);
-    return PeriodWeightedAverage(program, question);
+    return PeriodWeightedAverage(program, question).cost;
 }
 
 } // namespace

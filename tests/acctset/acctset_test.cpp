@@ -77,7 +77,8 @@ TEST(Acctset, RefusesWithOneAndCallsWrongUseTwo)
 
 TEST(Acctset, EveryCommandTellsItsOptions)
 {
-    for (const char* command : {"create", "generate", "handover", "read-handover", "stock", "cost", "rewrite"}) {
+    for (const char* command :
+         {"create", "generate", "handover", "read-handover", "stock", "cost", "explain", "check", "rewrite"}) {
         const Outcome outcome = RunAcctset({command, "--help"});
         EXPECT_EQ(outcome.exitCode, 0) << command;
         EXPECT_TRUE(outcome.out.startsWith(QString("Usage: acctset %1 ").arg(command))) << outcome.out.toStdString();

@@ -1,6 +1,7 @@
 #include "assembly/frmGroupPiece.h"
 #include "assembly/piece_screen.h"
 #include "bills/ware_window.h"
+#include "support/memory_workbook.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -203,7 +204,7 @@ TEST_F(GroupPieceTest, TheStateOfABillLocksItsKeys)
     };
     const Case cases[] = {
         {"saved", "", "正常", 8,
-         "Build Save Auditing UnAuditing Delete InsertRow DeleteRow RedWord Print Pos Img Before Back Exit", true},
+         "Build Save Auditing UnAuditing Delete InsertRow DeleteRow RedWord Print In Pos Img Before Back Exit", true},
         {"audited", "张三", "正常", 8, "Build UnAuditing Print Img Before Back Exit", false},
         {"voided", "", "作废", 8, "Build Delete Print Img Before Back Exit", false},
         {"closed", "", "正常", 1, "Build Print Img Before Back Exit", false},
@@ -278,7 +279,10 @@ TEST_F(GroupPieceTest, TheListOfEarlierBillsIsFilteredAndTakenFrom)
             EXPECT_EQ(grid->model()->rowCount(), 2);
             list.findChild<QAction*>("ToolOldBill")->trigger();
             EXPECT_EQ(ReadClearLines(test.program.folder)->filter("商品组装原单查看").size(), 1);
-            EXPECT_FALSE(list.findChild<QAction*>("PPreview")->isEnabled());
+            for (const char* print : {"ToolPrint", "FPrintSet", "PPreview", "PDirect"})
+                list.findChild<QAction*>(print)->trigger();
+            EXPECT_EQ(test.prompt.boxes.back().text, "启动打印模块意外失败，请重新操作！");
+            EXPECT_EQ(ReadClearLines(test.program.folder)->filter("直接打印").size(), 1);
             list.findChild<QWidget*>("MSH")->setFocus();
             Press({Qt::Key_Return});
             EXPECT_FALSE(list.isVisible());
@@ -292,14 +296,35 @@ TEST_F(GroupPieceTest, TheListOfEarlierBillsIsFilteredAndTakenFrom)
     EXPECT_EQ(dialogs, 2);
 }
 
-TEST_F(GroupPieceTest, ScanningAndVouchersAskTheirOwnQuestionsFirst)
+TEST_F(GroupPieceTest, TheListOfEarlierBillsGoesOut)
+{
+    const MemorySpreadsheet& office = UseMemorySpreadsheet(test.program);
+    AddAssembly("ZZD1", 3);
+    OpenNew();
+    TypeProduct();
+    InDialog([&](QWidget& dialog) {
+        InDialog([&](QWidget& list) {
+            list.findChild<QAction*>("FExcel")->trigger();
+            EXPECT_TRUE(list.isVisible());
+        });
+        dialog.findChild<QPushButton*>("CmdQuery")->click();
+    });
+    Trigger("ToolTaoYong");
+    ASSERT_EQ(office.handedOver.size(), 1U);
+    EXPECT_EQ(office.handedOver.front().book.front().Text(1, 2), "单据编号");
+    EXPECT_EQ(office.handedOver.front().book.front().Text(2, 2), "ZZD1");
+}
+
+TEST_F(GroupPieceTest, LinesFromElsewhereAndVouchersAskTheirOwnQuestionsFirst)
 {
     OpenNew();
     Trigger("ToolPos");
+    Trigger("ToolIn");
     Trigger("ToolSeeWarrent");
     Trigger("FSeeWarrent");
     EXPECT_EQ(test.prompt.TakeTexts(),
-              QStringList({"发出仓库不能为空！", "单据编号不存在，不能查看凭证！", "单据编号不存在，不能查看凭证！"}));
+              QStringList({"发出仓库不能为空！", "发出仓库不能为空！", "单据编号不存在，不能查看凭证！",
+                           "单据编号不存在，不能查看凭证！"}));
 }
 
 } // namespace

@@ -247,6 +247,8 @@ TEST_F(VoucherTest, ARefusedRewriteStillWritesTheVoucher)
 
 TEST_F(VoucherTest, BillAndVoucherAreStoredTogether)
 {
+    if (!TestServer().isEmpty())
+        GTEST_SKIP() << "a fault of a file";
     AddSettings();
     OpenBill(true, "100", "10");
     test.Run(Sql("create trigger give_up before insert on TabWarrantInf begin select raise(rollback,'full'); end"));

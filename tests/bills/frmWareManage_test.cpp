@@ -58,6 +58,34 @@ TEST_F(WareManageTest, ANameTypedOverAChosenWarehouseIsTheOneThatIsSaved)
     EXPECT_EQ(Count("TabSamePriceMove"), 0);
 }
 
+TEST_F(WareManageTest, AWholeNameIsChosenWithoutEnter)
+{
+    const auto write = [this](const char* text) { // as an input method does
+        QInputMethodEvent written;
+        written.setCommitString(text);
+        QApplication::sendEvent(FocusWidget(), &written);
+    };
+    OpenNew("同价调拨");
+    write("主仓");
+    Press({Qt::Key_Tab});
+    EXPECT_EQ(window->bill().TxtWarehouseCodeF, "101");
+    write("分仓");
+    ClickCell(1, 1);
+    TypeAndEnter({"A001"});
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList());
+    EXPECT_EQ(window->bill().TxtWarehouseCodeS, "102");
+    EXPECT_EQ(window->bill().MSH.Cell(1, 1), "A001");
+}
+
+TEST_F(WareManageTest, APartOfANameIsLeftAsTyped)
+{
+    OpenNew("盘点报溢");
+    TypeText("10");
+    Press({Qt::Key_Tab});
+    EXPECT_EQ(Box("TxtWarehouseNameS"), "10");
+    EXPECT_EQ(window->bill().TxtWarehouseCodeS, "");
+}
+
 TEST_F(WareManageTest, TheKindDecidesWhatTheHeadShows)
 {
     struct Case
@@ -104,7 +132,7 @@ TEST_F(WareManageTest, TheStateOfABillLocksItsKeys)
     const QDate open(2023, 2, 8);
     const Case cases[] = {
         {"saved", "", "正常", open,
-         "Build Save Auditing UnAuditing Delete InsertRow DeleteRow RedWord Print Pos Img Before Back Exit", "未审核",
+         "Build Save Auditing UnAuditing Delete InsertRow DeleteRow RedWord Print In Pos Img Before Back Exit", "未审核",
          true},
         {"audited", "张三", "正常", open, "Build UnAuditing Print Img Before Back Exit", "已审核", false},
         {"voided", "", "作废", open, "Build Delete Print Img Before Back Exit", "作废未审核", false},
@@ -133,7 +161,7 @@ TEST_F(WareManageTest, TheStateOfABillLocksItsKeys)
         EXPECT_EQ(Shown("Combol2"), saved.isOpen);
     }
     OpenNew("盘点报损");
-    EXPECT_EQ(Keys(), "Build Save Auditing UnAuditing Delete InsertRow DeleteRow RedWord Pos Img Before Back Exit");
+    EXPECT_EQ(Keys(), "Build Save Auditing UnAuditing Delete InsertRow DeleteRow RedWord In Pos Img Before Back Exit");
 }
 
 TEST_F(WareManageTest, ASavedBillComesBackAndItsNeighboursFollow)

@@ -160,9 +160,11 @@ TEST_F(PostingTest, AnAutoAuditedBillSaysThatItIsAudited)
 
 TEST_F(PostingTest, AFailingStatementIsShownAtTheEndAndTheRestIsStored)
 {
+    if (!TestServer().isEmpty())
+        GTEST_SKIP() << "a fault of a file";
     Open("同价调拨");
     AddLine("A001", {});
-    test.Run(Sql("drop table TabSamePriceMoveInf"));
+    test.Run(Sql("create trigger refuse before insert on TabSamePriceMoveInf begin select raise(abort,'no'); end"));
     const QStringList boxes = Save();
     ASSERT_EQ(boxes.size(), 2);
     EXPECT_TRUE(boxes[0].startsWith("Error:"));
@@ -172,6 +174,8 @@ TEST_F(PostingTest, AFailingStatementIsShownAtTheEndAndTheRestIsStored)
 
 TEST_F(PostingTest, AUnitThatCannotBeStoredLeavesTheBillUnsaved)
 {
+    if (!TestServer().isEmpty())
+        GTEST_SKIP() << "a fault of a file";
     Open("同价调拨");
     AddLine("A001", {});
     Save();
@@ -191,6 +195,8 @@ TEST_F(PostingTest, AUnitThatCannotBeStoredLeavesTheBillUnsaved)
 
 TEST_F(PostingTest, AFullDiskStoresNothingAndLosesNothing)
 {
+    if (!TestServer().isEmpty())
+        GTEST_SKIP() << "a fault of a file";
     Open("盘点报溢");
     AddLine("A001", {{"数量", "3"}});
     bill.TxtMemo = QString(20000, u'长'); // the head needs new pages, the line does not

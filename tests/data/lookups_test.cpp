@@ -91,3 +91,15 @@ TEST(Lookups, UnitRatioIsSinglePrecision)
     EXPECT_EQ(GetUnitRatio(test.program, "B", "瓶"), 1.0f);
     EXPECT_EQ(GetUnitRatio(test.program, "C", "瓶"), 1.0f);
 }
+
+TEST(Lookups, TitlesAreFoundInFortyColumns)
+{
+    QStringList titles(41);
+    titles[2] = titles[5] = " 数量　";
+    titles[39] = "备注";
+    titles[40] = "属性";
+    const std::pair<const char*, int> columns[] = {{"数量 ", 3}, {"备注", 40}, {"属性", 41}, {"单价", 41}, {" ", 41}};
+    for (const auto& [caption, column] : columns)
+        EXPECT_EQ(FindExcelColumn(titles, caption), column) << caption;
+    EXPECT_EQ(FindExcelColumn({}, "备注"), kNoExcelColumn);
+}

@@ -2,7 +2,9 @@
 
 #include "support/test_program.h"
 
+#include <chrono>
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace {
 
@@ -12,6 +14,8 @@ struct Script
     QStringList log;
     QStringList failing;         // statements and unit steps that fail
     QString givesUpUnit;         // the statement whose failure takes the whole unit back
+    QString losing;              // the statement at which the server is gone
+    QString slow;                // what lasts
     bool commitEndsUnit = false; // a failed commit has taken everything back already
 };
 
@@ -46,18 +50,36 @@ public:
         Step("rollback");
         m_inUnit = false;
     }
-    bool inUnit() const override { return m_inUnit; }
+    bool inUnit() const override { return m_inUnit && !m_lost; }
+    bool isLost() const override { return m_lost; }
 
 private:
     void Step(const QString& step)
     {
         m_script.log += step;
+        if (step == m_script.slow)
+            std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        m_lost = m_lost || step == m_script.losing;
+        if (m_lost)
+            throw StoreError{13, step + " failed"};
         if (m_script.failing.contains(step))
             throw StoreError{13, step + " failed"};
     }
 
     Script& m_script;
     bool m_inUnit = false;
+    bool m_lost = false;
+};
+
+/// Keeps when the pointer was busy.
+class PointerPrompt : public ScriptedPrompt
+{
+public:
+    bool showsBusy() const override { return hasPointer; }
+    void Busy(bool on) override { busy += on ? "busy " : "ready "; }
+
+    bool hasPointer = false;
+    QString busy;
 };
 
 class OpenQueryTest : public testing::Test
@@ -76,7 +98,7 @@ protected:
     }
 
     Script script;
-    ScriptedPrompt prompt;
+    PointerPrompt prompt;
     FixedClock clock;
     Program program{"/s", Parameters(), prompt, clock, [this](const QString& connection) -> std::unique_ptr<Store> {
                         EXPECT_EQ(connection, BuildConnectionString(program));
@@ -120,6 +142,38 @@ TEST_F(OpenQueryTest, AConnectionThatDoesNotOpenIsTriedAgain)
     EXPECT_EQ(program.gConnection.State(), 0);
     script.failing = {};
     EXPECT_TRUE(Run("a"));
+}
+
+TEST_F(OpenQueryTest, ALostServerIsConnectedToAgain)
+{
+    script.losing = "cut";
+    {
+        SaveUnit unit(program);
+        EXPECT_TRUE(Run("a"));
+        EXPECT_FALSE(Run("cut"));
+        EXPECT_FALSE(Run("b"));
+        EXPECT_FALSE(unit.Commit());
+    }
+    EXPECT_TRUE(Run("c"));
+    EXPECT_EQ(TakeLog(), QString("open begin a cut close open c"));
+    EXPECT_EQ(TakeBoxes(), QString("Error:13\r\ncut failed"));
+}
+
+TEST_F(OpenQueryTest, ASlowServerIsWaitedForUnderABusyPointer)
+{
+    program.parameters.DatabaseType = "SQL";
+    program.parameters.ConServerIP = program.parameters.ConDataBaseUID = "s";
+    prompt.hasPointer = true;
+    EXPECT_TRUE(Run("a"));
+    EXPECT_EQ(prompt.busy, QString());
+    script.slow = "open";
+    program.gConnection.Close();
+    EXPECT_TRUE(Run("a"));
+    EXPECT_EQ(prompt.busy, QString("busy ready "));
+    script.slow = script.failing.emplaceBack("b");
+    EXPECT_FALSE(Run("b"));
+    EXPECT_EQ(prompt.busy, QString("busy ready busy ready "));
+    EXPECT_EQ(TakeBoxes(), QString("Error:13\r\nb failed"));
 }
 
 TEST_F(OpenQueryTest, AUnitIsCommittedOnceAndOpensTheConnection)

@@ -23,6 +23,7 @@ public:
         m_store->CommitUnit();
     }
     void RollbackUnit() override { m_store->RollbackUnit(); }
+    bool isLost() const override { return !m_store && m_fault.kind == FaultKind::Lost; }
     bool inUnit() const override { return m_store && m_store->inUnit(); }
 
 private:
@@ -39,6 +40,8 @@ private:
         }
         if (m_fault.kind == FaultKind::FullDisk && m_store->inUnit())
             m_store->RollbackUnit();
+        if (m_fault.kind == FaultKind::Lost)
+            m_store.reset();
         throw StoreError{13, "struck"};
     }
 

@@ -14,6 +14,7 @@ enum class FaultKind
     Death,    // before the statement, with everything that was not committed
     Failure,  // of the statement alone
     FullDisk, // the statement fails and the database gives its unit up
+    Lost,     // the statement fails and the server is gone with the unit; it can be opened again
 };
 
 /// Shared by all stores that one opener opens.

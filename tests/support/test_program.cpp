@@ -2,6 +2,7 @@
 
 #include "data/schema.h"
 #include "database/sqlite_store.h"
+#include "support/shape_log.h"
 
 #include <QDir>
 #include <QFile>
@@ -31,7 +32,8 @@ RunParameters ParametersFor(const QString& databaseType)
 {
     RunParameters parameters;
     parameters.DatabaseType = databaseType;
-    parameters.IsAccess = databaseType == "Access";
+    // Every rule holds in both dialects.
+    parameters.IsAccess = databaseType == "Access" && qEnvironmentVariable("WAREHOUSE_TEST_DIALECT") != u"quoted";
     parameters.ConDataName = "test.db";
     parameters.ConDataRemark = "测试账套";
     parameters.ConDataBaseUID = "tester";
@@ -114,13 +116,21 @@ Moment FixedClock::Now()
 }
 
 TestProgram::TestProgram(const QString& databaseType, StoreOpener opener)
-    : program(folder.path(), ParametersFor(databaseType), prompt, clock, std::move(opener))
+    : database(opener || TestServer().isEmpty() ? nullptr : std::make_unique<TestDatabase>()),
+      program(folder.path(), ParametersFor(databaseType), prompt, clock, opener ? std::move(opener) : UsualOpener())
 {
     static const QByteArray empty = EmptyAccountSet();
     QDir(folder.path()).mkdir("Data");
     QFile file(databasePath());
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     EXPECT_EQ(file.write(empty), empty.size());
+}
+
+StoreOpener TestProgram::UsualOpener() const
+{
+    const StoreOpener open = database ? database->opener() : OpenStore;
+    const QString log = qEnvironmentVariable("WAREHOUSE_TEST_SHAPES");
+    return log.isEmpty() ? open : ShapeLog(log, open);
 }
 
 void TestProgram::Insert(const char* table, std::initializer_list<Field> fields)

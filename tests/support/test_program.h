@@ -3,6 +3,7 @@
 // An account set in a folder of its own, with a program on it whose boxes are scripted and whose clock is set.
 
 #include "handover/open_query.h"
+#include "support/test_server.h"
 
 #include <QTemporaryDir>
 #include <deque>
@@ -59,8 +60,9 @@ struct Field
 class TestProgram
 {
 public:
-    /// An empty account set with all tables, no currency, operator 系统管理员, working date 2023-02-08.
-    explicit TestProgram(const QString& databaseType = "Access", StoreOpener opener = OpenStore);
+    /// An empty account set with all tables, no currency, operator 系统管理员, working date 2023-02-08. It is a file,
+    /// or a database where the tests run on a server, unless the opener is the test's own.
+    explicit TestProgram(const QString& databaseType = "Access", StoreOpener opener = {});
 
     /// A row of a table; columns not named get the empty text, 0, the date 1900-01-01, or null for a blob.
     void Insert(const char* table, std::initializer_list<Field> fields);
@@ -73,11 +75,13 @@ public:
     QString databasePath() const;
 
     QTemporaryDir folder;
+    std::unique_ptr<TestDatabase> database; // null for a file
     ScriptedPrompt prompt;
     FixedClock clock;
     Program program;
 
 private:
+    StoreOpener UsualOpener() const;
     void InsertFields(const QString& table, const std::vector<Field>& fields);
 };
 

@@ -7,78 +7,17 @@
 #include "stock/balance.h"
 #include "stock/cost_rewrite.h"
 #include "stock/unit_cost.h"
-
-#include <optional>
-
-namespace {
-
-using Options = std::vector<CommandLine::Option>;
-
-/// What every question can be narrowed by.
-const Options& DimensionOptions()
-{
-    static const Options options = {
-        {"currency", "a currency, or 综合本位币 for all at their rates", "NAME"},
-        {"attribute", "attribute code; its children count as well", "CODE"},
-        {"exact", "only the attribute itself", ""},
-        {"spec", "specification", "TEXT"},
-        {"manufacturer", "manufacturer", "TEXT"},
-        {"brand", "brand", "TEXT"},
-        {"batch", "batch number", "TEXT"},
-    };
-    return options;
-}
-
-Options With(Options options, const Options& more)
-{
-    options.insert(options.end(), more.begin(), more.end());
-    return options;
-}
-
-Dimensions DimensionsOf(const CommandLine& line)
-{
-    return {line.Text("attribute"), line.Text("spec"), line.Text("manufacturer"), line.Text("brand"),
-            line.Text("batch")};
-}
-
-/// The moment asked for; otherwise the working date's last one.
-Moment AsOf(const CommandLine& line, const char* option, const OpenedAccountSet& set)
-{
-    const QDate today = *ParseDay(set.program.parameters.OperateDate);
-    return line.MomentAt(option, Moment{today, kMillisecondsPerDay - 1000});
-}
-
-void CheckGood(Program& program, const QString& wareCode)
-{
-    const Recordset found = OpenQuery(program, Sql("select Code from TabWare where Code=") + wareCode);
-    if (found && found.isEmpty())
-        throw Refusal{QString("there is no good \"%1\"").arg(wareCode)};
-}
-
-} // namespace
+#include "stock_question.h"
 
 int StockCommand(const QStringList& arguments)
 {
     const CommandLine line("stock", "Prints amount, money and unit cost of a good on stock as one JSON object.",
-                           {"FILE"},
-                           With({{"ware", "code of the good", "CODE"},
-                                 {"warehouse", "code of one warehouse; all without it", "CODE"},
-                                 {"date", "the last day that counts; today without it", "DATE"}},
-                                DimensionOptions()),
-                           arguments);
+                           {"FILE"}, StockOptions(), arguments);
     if (line.helpShown())
         return kDone;
-    StockQuestion question;
-    question.wareCode = line.Needed("ware");
-    question.warehouse = line.Text("warehouse");
-    question.dimensions = DimensionsOf(line);
-    question.attributeExact = line.IsSet("exact");
-    question.moneyName = line.Text("currency");
-
+    StockQuestion question = StockQuestionOf(line);
     OpenedAccountSet set(line.Word(0));
-    question.asOf = AsOf(line, "date", set);
-    CheckGood(set.program, question.wareCode);
-    question.auditedOnly = IsAuditedBillCounted(set.program);
+    FinishQuestion(question, line, set);
     const TogatherData stock = GetStockBalance(set.program, question);
     set.RefuseOnErrors();
     PrintJson({{"amount", stock.ShownAmount}, {"money", stock.ShownMoney.text()}, {"unitCost", stock.UnitCost}});

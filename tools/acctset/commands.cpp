@@ -1,7 +1,5 @@
 #include "commands.h"
 
-#include "database/sqlite_store.h"
-
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -9,24 +7,34 @@
 
 namespace {
 
-RunParameters ParametersOf(const QFileInfo& file)
+/// Throws Refusal where a file is none.
+AccountSetPlace ExistingPlace(const QString& word)
 {
-    RunParameters parameters;
-    parameters.DatabaseType = "Access";
-    parameters.IsAccess = true;
-    parameters.IsJXC = true;
-    parameters.ConDataName = file.fileName();
-    parameters.UserName = "系统管理员";
-    parameters.OperateDate = DayText(QDate::currentDate());
-    return parameters;
+    AccountSetPlace place = ReadPlace(word);
+    if (!place.server && !QFileInfo(place.path).isFile())
+        throw Refusal{QString("there is no account set \"%1\"").arg(word)};
+    return place;
 }
 
-QFileInfo ExistingFile(const QString& path)
+QString FolderOf(const AccountSetPlace& place)
 {
-    const QFileInfo file(path);
-    if (!file.isFile())
-        throw Refusal{QString("there is no account set \"%1\"").arg(path)};
-    return file;
+    return place.server ? QCoreApplication::applicationDirPath() : QFileInfo(place.path).absolutePath();
+}
+
+RunParameters ParametersOf(const AccountSetPlace& place)
+{
+    RunParameters parameters;
+    parameters.DatabaseType = place.server ? "SQL" : "Access";
+    parameters.IsAccess = !place.server;
+    parameters.IsJXC = true;
+    parameters.ConDataName = place.server ? place.server->address.database : QFileInfo(place.path).fileName();
+    parameters.UserName = "系统管理员";
+    parameters.OperateDate = DayText(QDate::currentDate());
+    if (place.server) {
+        parameters.ConServerIP = place.server->address.server;
+        parameters.ConDataBaseUID = place.server->address.user;
+    }
+    return parameters;
 }
 
 void Print(FILE* stream, const QByteArray& line)
@@ -112,9 +120,10 @@ void RecordingPrompt::Error(const QString& text)
     ++errors;
 }
 
-OpenedAccountSet::OpenedAccountSet(const QString& path)
-    : program(ExistingFile(path).absolutePath(), ParametersOf(QFileInfo(path)), prompt, clock,
-              [path](const QString&) { return OpenSqliteFile(path); })
+OpenedAccountSet::OpenedAccountSet(const QString& word) : OpenedAccountSet(ExistingPlace(word)) {}
+
+OpenedAccountSet::OpenedAccountSet(const AccountSetPlace& place)
+    : opener(OpenerOf(place)), program(FolderOf(place), ParametersOf(place), prompt, clock, opener)
 {}
 
 void OpenedAccountSet::RefuseOnErrors() const

@@ -6,6 +6,7 @@
 #include "base/clock.h"
 #include "base/prompt.h"
 #include "handover/program.h"
+#include "place.h"
 
 #include <QCommandLineParser>
 #include <QJsonObject>
@@ -78,16 +79,18 @@ public:
     int errors = 0;
 };
 
-/// An account set file with a program on it. Operator 系统管理员, working date today, no currencies.
+/// An account set with a program on it. Operator 系统管理员, working date today, no currencies.
 struct OpenedAccountSet
 {
     /// Throws Refusal where the file is none.
-    explicit OpenedAccountSet(const QString& path);
+    explicit OpenedAccountSet(const QString& word);
+    explicit OpenedAccountSet(const AccountSetPlace& place);
     /// Throws Refusal when a statement has failed meanwhile.
     void RefuseOnErrors() const;
 
     RecordingPrompt prompt;
     SystemClock clock;
+    StoreOpener opener; // of the program, for another one on the same account set
     Program program;
 };
 
@@ -98,6 +101,7 @@ void PrintErrorLine(const QString& line);
 void PrintJson(const QJsonObject& object);
 
 int CreateCommand(const QStringList& arguments);
+int DdlCommand(const QStringList& arguments);
 int GenerateCommand(const QStringList& arguments);
 int HandoverCommand(const QStringList& arguments);
 int ReadHandoverCommand(const QStringList& arguments);
@@ -106,3 +110,5 @@ int CostCommand(const QStringList& arguments);
 int RewriteCommand(const QStringList& arguments);
 int PostCommand(const QStringList& arguments);
 int ShowCommand(const QStringList& arguments);
+int ExplainCommand(const QStringList& arguments);
+int CheckCommand(const QStringList& arguments);

@@ -1,6 +1,7 @@
 #include "commands.h"
 #include "demo.h"
 #include "new_account_set.h"
+#include "print_templates.h"
 
 int CreateCommand(const QStringList& arguments)
 {
@@ -9,8 +10,11 @@ int CreateCommand(const QStringList& arguments)
     if (line.helpShown())
         return kDone;
     NewAccountSet accountSet(line.Word(0));
-    if (line.IsSet("demo"))
+    StoreFixedTemplates(accountSet);
+    if (line.IsSet("demo")) {
         FillDemo(accountSet);
+        StoreDemoTemplates(accountSet);
+    }
     accountSet.Finish();
     if (line.IsSet("demo"))
         WriteDemoVouchers(line.Word(0));

@@ -1,7 +1,6 @@
 #include "assembly/voucher.h"
 #include "commands.h"
 #include "data/decimals.h"
-#include "database/sqlite_store.h"
 #include "demo.h"
 #include "handover/open_query.h"
 
@@ -37,8 +36,7 @@ void WriteDemoVouchers(const QString& path)
 {
     OpenedAccountSet set(path);
     BookingClock clock;
-    Program program(set.program.folder, set.program.parameters, set.prompt, clock,
-                    [path](const QString&) { return OpenSqliteFile(path); });
+    Program program(set.program.folder, set.program.parameters, set.prompt, clock, set.opener);
     LoadDecimalPlaces(program);
     SaveUnit unit(program);
     for (const PieceMode& mode : PieceModes())

@@ -70,6 +70,8 @@ class Generator
 public:
     Generator(NewAccountSet& accountSet, const GenerateQuestion& question, std::vector<Good> goods);
     void Run();
+    /// With the costing methods that the trade follows.
+    const std::vector<Good>& goods() const { return m_goods; }
 
 private:
     void RankGoods();
@@ -287,9 +289,9 @@ void GenerateAccountSet(const QString& path, const GenerateQuestion& question)
 {
     NewAccountSet accountSet(path);
     WriteBase(accountSet, kRegions);
-    std::vector<Good> goods = ManyGoods(question.goods);
-    WriteGoods(accountSet, goods);
-    Generator(accountSet, question, std::move(goods)).Run();
+    Generator generator(accountSet, question, ManyGoods(question.goods));
+    WriteGoods(accountSet, generator.goods());
+    generator.Run();
     accountSet.Finish();
 }
 

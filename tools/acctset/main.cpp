@@ -1,4 +1,4 @@
-// acctset makes, asks, posts into and hands over account sets from a command line.
+// acctset makes, asks, checks, posts into and hands over account sets from a command line.
 
 #include "commands.h"
 
@@ -18,10 +18,13 @@ struct CommandEntry
 constexpr CommandEntry kCommands[] = {
     {"create", "makes a new account set", CreateCommand},
     {"generate", "makes a large account set for benchmarks", GenerateCommand},
+    {"ddl", "prints the tables and indexes of an account set on a server", DdlCommand},
     {"handover", "writes the hand-over file that starts a program", HandoverCommand},
     {"read-handover", "prints the hand-over file and leaves it there", ReadHandoverCommand},
     {"stock", "stock of a good", StockCommand},
     {"cost", "unit cost of a good", CostCommand},
+    {"explain", "how stock and unit cost of a good came about", ExplainCommand},
+    {"check", "looks an account set through for faults", CheckCommand},
     {"rewrite", "rewrites the stored costs of a good", RewriteCommand},
     {"post", "checks and saves a bill", PostCommand},
     {"show", "prints a saved bill", ShowCommand},

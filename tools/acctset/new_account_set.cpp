@@ -1,12 +1,7 @@
 #include "new_account_set.h"
 
 #include "base/number_text.h"
-#include "commands.h"
-#include "database/sqlite_store.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include "growing_set.h"
 
 namespace {
 
@@ -26,31 +21,17 @@ Value ValueOfText(ColumnType type, const QString& text)
     }
 }
 
-constexpr const char* kGrowing = ".new";
-
 bool IsIndex(const QString& statement)
 {
-    return statement.contains(" index ", Qt::CaseInsensitive);
+    return statement.contains(" index ", Qt::CaseInsensitive) || statement.startsWith("alter ");
 }
 
-void RunAll(Store& store, bool indexes)
+void RunAll(GrowingSet& set, bool indexes)
 {
-    for (const QString& statement : SqliteSchema()) {
+    for (const QString& statement : set.schema()) {
         if (IsIndex(statement) == indexes)
-            store.Run(Sql(statement.toUtf8().constData()));
+            set.store().Run(Sql(statement.toUtf8().constData()));
     }
-}
-
-QString CheckedPath(const QString& path)
-{
-    const QFileInfo file(path);
-    if (file.exists())
-        throw Refusal{QString("\"%1\" exists already").arg(path)};
-    if (QFileInfo::exists(path + kGrowing))
-        throw Refusal{QString("\"%1%2\" is left from an earlier try; remove it").arg(path, kGrowing)};
-    if (!file.absoluteDir().exists())
-        throw Refusal{QString("there is no folder \"%1\"").arg(file.absolutePath())};
-    return path;
 }
 
 } // namespace
@@ -72,19 +53,10 @@ Value EmptyValue(ColumnType type)
     }
 }
 
-NewAccountSet::NewAccountSet(const QString& path)
-    : m_path(CheckedPath(path)), m_growing(path + kGrowing), m_store(CreateSqliteFile(m_growing.path))
+NewAccountSet::NewAccountSet(const QString& place) : m_growing(MakeGrowingSet(ReadPlace(place)))
 {
-    // Nobody reads the file before it is whole, so nothing needs to be safe while it grows.
-    m_store->Run(Sql("pragma journal_mode=off"));
-    m_store->Run(Sql("pragma synchronous=off"));
-    m_store->BeginUnit();
-    RunAll(*m_store, false);
-}
-
-NewAccountSet::GrowingFile::~GrowingFile()
-{
-    QFile::remove(path);
+    m_growing->store().BeginUnit();
+    RunAll(*m_growing, false);
 }
 
 void NewAccountSet::Insert(const char* table, const QString& columns, const QString& texts)
@@ -101,14 +73,12 @@ void NewAccountSet::Insert(const char* table, const QString& columns, const QStr
 
 void NewAccountSet::Insert(const char* table, const std::vector<Value>& values)
 {
-    m_store->Run(InsertInto(Name(table), values));
+    m_growing->store().Run(InsertInto(Name(table), values));
 }
 
 void NewAccountSet::Finish()
 {
-    RunAll(*m_store, true);
-    m_store->CommitUnit();
-    m_store.reset();
-    if (!QFile::rename(m_growing.path, m_path))
-        throw Refusal{QString("\"%1\" exists already").arg(m_path)};
+    RunAll(*m_growing, true);
+    m_growing->store().CommitUnit();
+    m_growing->Finish();
 }

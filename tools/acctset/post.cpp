@@ -13,7 +13,6 @@
 #include "bills/save.h"
 #include "data/decimals.h"
 #include "data/lookups.h"
-#include "database/sqlite_store.h"
 #include "handover/open_query.h"
 #include "post_request.h"
 
@@ -49,8 +48,11 @@ private:
 
 RunParameters ParametersOf(const PostRequest& request, RunParameters parameters)
 {
-    parameters.DatabaseType = request.databaseType;
-    parameters.IsAccess = request.databaseType == u"Access";
+    // What a bill says of the kind of database is about files.
+    if (parameters.DatabaseType != u"SQL") {
+        parameters.DatabaseType = request.databaseType;
+        parameters.IsAccess = request.databaseType == u"Access";
+    }
     parameters.IsLotMoney = request.lotMoney;
     parameters.IsJXC = request.withoutAccounting;
     parameters.OperateType = request.kind->operation;
@@ -232,8 +234,7 @@ int PostCommand(const QStringList& arguments)
 
     PostPrompt prompt;
     prompt.answers = request.answers;
-    Program program(set.program.folder, ParametersOf(request, set.program.parameters), prompt, set.clock,
-                    [path = line.Word(0)](const QString&) { return OpenSqliteFile(path); });
+    Program program(set.program.folder, ParametersOf(request, set.program.parameters), prompt, set.clock, set.opener);
     const std::unique_ptr<BillText> bill = MakeScreen(*request.kind);
     Posting posting;
     const bool saved = PostBill(program, *bill, request, posting);

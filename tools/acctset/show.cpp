@@ -2,6 +2,7 @@
 #include "commands.h"
 
 #include "data/bill_kinds.h"
+#include "data/schema.h"
 #include "handover/open_query.h"
 
 #include <QJsonArray>
@@ -25,20 +26,21 @@ QString JsonValue(const Value& value)
     return isNumber ? TextOf(value) : JsonText(TextOf(value));
 }
 
-/// One row, its columns in the order of the table, which the objects of the JSON classes would not keep.
-QString JsonRow(const Recordset& rows, int row)
+/// One row, its columns in the order of the table, which the objects of the JSON classes would not keep, and in the
+/// schema's spelling, which a server may not.
+QString JsonRow(const QString& table, const Recordset& rows, int row)
 {
     QStringList members;
-    for (int column = 0; column < static_cast<int>(rows.columns().size()); ++column)
-        members << JsonText(rows.columns()[size_t(column)]) + ":" + JsonValue(rows.at(row, column));
+    for (const SchemaColumn& column : FindTable(table)->columns)
+        members << JsonText(column.name) + ":" + JsonValue(rows.at(row, column.name));
     return "{" + members.join(",") + "}";
 }
 
-QString JsonRows(const Recordset& rows)
+QString JsonRows(const QString& table, const Recordset& rows)
 {
     QStringList shown;
     for (int row = 0; row < rows.size(); ++row)
-        shown << JsonRow(rows, row);
+        shown << JsonRow(table, rows, row);
     return "[" + shown.join(",") + "]";
 }
 
@@ -50,7 +52,7 @@ QString JsonVoucher(Program& program, const QString& billCode)
         return "null";
     const Recordset rows =
         OpenQuery(program, Sql("select * from TabWarrantInf where BillCode=") + head.Text("Code") + " order by Num");
-    return "{\"head\":" + JsonRow(head, 0) + ",\"rows\":" + JsonRows(rows) + "}";
+    return "{\"head\":" + JsonRow("TabWarrant", head, 0) + ",\"rows\":" + JsonRows("TabWarrantInf", rows) + "}";
 }
 
 } // namespace
@@ -78,6 +80,7 @@ int ShowCommand(const QStringList& arguments)
     set.RefuseOnErrors();
     if (head.isEmpty())
         throw Refusal{QString("there is no %1 \"%2\"").arg(kind->bill, code)};
-    PrintLine("{\"head\":" + JsonRow(head, 0) + ",\"lines\":" + JsonRows(lines) + voucher + "}");
+    PrintLine("{\"head\":" + JsonRow(kind->headTable, head, 0) + ",\"lines\":" + JsonRows(kind->lineTable, lines) +
+              voucher + "}");
     return kDone;
 }

@@ -1,0 +1,214 @@
+#include "bills/line_import.h"
+
+#include "base/number_text.h"
+#include "bills/line_columns.h"
+#include "bills/line_entry.h"
+#include "bills/line_totals.h"
+#include "bills/paste.h"
+#include "data/decimals.h"
+#include "data/lookups.h"
+#include "handover/open_query.h"
+#include "output/spreadsheet_plugin.h"
+
+#include <QFileInfo>
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace {
+
+const QString kSheetName = QStringLiteral("sheet1");
+constexpr int kRowsAtATime = 1000;
+
+/// Columns whose texts are taken over as they stand.
+constexpr const char* kTextTitles[] = {"生产厂商", "品牌",        "批号",        "生产日期",    "有效日期",
+                                       "唯一码",   "自定义字段1", "自定义字段2", "自定义字段3", "备注"};
+
+/// Where the columns stand in the sheet.
+struct SheetColumns
+{
+    explicit SheetColumns(const QStringList& row)
+        : titles(row),
+          code(FindExcelColumn(titles, "商品编号")),
+          name(FindExcelColumn(titles, "商品名称")),
+          spec(FindExcelColumn(titles, "规格")),
+          attribute(FindExcelColumn(titles, "属性")),
+          unit(FindExcelColumn(titles, "单位")),
+          amount(FindExcelColumn(titles, "数量")),
+          money(FindExcelColumn(titles, "金额")),
+          revaluation(FindExcelColumn(titles, "调价金额"))
+    {}
+
+    QStringList titles;
+    int code;
+    int name;
+    int spec;
+    int attribute;
+    int unit;
+    int amount;
+    int money;
+    int revaluation;
+};
+
+/// A cell of a row; the text of a column that the sheet lacks is empty.
+QString SheetText(const QStringList& row, int column)
+{
+    return column <= row.size() ? OneLine(row[column - 1]) : QString();
+}
+
+QString CodeOf(const QStringList& row, const SheetColumns& sheet)
+{
+    return SheetText(row, sheet.code).trimmed();
+}
+
+struct ImportSheet
+{
+    SheetColumns columns;
+    std::vector<QStringList> rows; // each with a code
+};
+
+SpreadsheetError Unfit(const QString& path, const QString& lacking)
+{
+    return {SpreadsheetError::Kind::CannotOpen,
+            "文件“" + QFileInfo(path).fileName() + "”中没有" + lacking + "，不能导入！"};
+}
+
+/// Runs where the workbook is.
+ImportSheet ReadImportSheet(SpreadsheetApplication& application, const QString& path)
+{
+    const std::unique_ptr<Workbook> workbook = application.Open(path);
+    const std::unique_ptr<Sheet> sheet = workbook->SheetNamed(kSheetName);
+    if (!sheet)
+        throw Unfit(path, "名称为“" + kSheetName + "”的工作表");
+    ImportSheet read{SheetColumns(sheet->Read(1, 1, 1, kExcelColumns).front()), {}};
+    if (read.columns.code == kNoExcelColumn)
+        throw Unfit(path, "“商品编号”列（工作表“" + kSheetName + "”的第一行是表头）");
+    const int used = sheet->usedRows();
+    for (int row = 2; row <= used; row += kRowsAtATime) {
+        for (QStringList& cells : sheet->Read(row, 1, std::min(kRowsAtATime, used - row + 1), kExcelColumns)) {
+            if (CodeOf(cells, read.columns).isEmpty())
+                return read;
+            read.rows.push_back(std::move(cells));
+        }
+    }
+    return read;
+}
+
+/// An attribute by its code, or as a cell of the grid shows it.
+QString AttributeOf(Program& program, const QString& text)
+{
+    return AttributeCell(program, text.contains('>') ? PathHead(text) : text);
+}
+
+/// Lines on their way into a bill.
+class LineWriter
+{
+public:
+    LineWriter(Program& program, const BillText& bill, const SheetColumns& sheet)
+        : m_program(program), m_bill(bill), m_from(sheet), m_to(*bill.kind)
+    {
+        LayOutGrid(program, m_grid, bill.LayoutKey(), bill.kind->columns);
+        for (const char* title : kTextTitles)
+            m_texts.push_back({FindExcelColumn(sheet.titles, title), ColumnIndex(*bill.kind, QString(title))});
+    }
+
+    /// Fills the last row of the grid, and adds a blank one.
+    void Write(const QStringList& row, const Recordset& good)
+    {
+        const auto own = [&row](int column, const QString& otherwise) {
+            const QString text = SheetText(row, column).trimmed();
+            return text.isEmpty() ? otherwise : text;
+        };
+        Set(m_to.code, good.Text("Code"));
+        Set(m_to.name, own(m_from.name, good.Text("Name")));
+        Set(m_to.spec, own(m_from.spec, good.Text("Spec")));
+        Set(m_to.attribute, AttributeOf(m_program, own(m_from.attribute, {})));
+        Set(m_to.unit, own(m_from.unit, good.Text("Unite")));
+        WriteFigures(row, good.Text("Code"));
+        for (const auto& [from, to] : m_texts)
+            Set(to, SheetText(row, from));
+        m_grid.AddRow();
+    }
+
+    LineGrid& grid() { return m_grid; }
+
+private:
+    void WriteFigures(const QStringList& row, const QString& code)
+    {
+        const auto number = [&row](int column) { return CellNumber(SheetText(row, column)); };
+        const DotType& places = m_program.gDot;
+        Set(m_to.amount, FormatByDigits(number(m_from.amount), places.Amount_DotLen));
+        if (m_to.cost != 0)
+            Set(m_to.cost, FormatByDigits(FetchRowCost(m_program, m_bill, code), places.Price_DotLen));
+        Set(m_to.money, NumberText(number(m_from.money)));
+        Set(m_to.revaluation, NumberText(number(m_from.revaluation)));
+    }
+
+    void Set(int column, const QString& text)
+    {
+        if (column != 0)
+            m_grid.SetCell(m_grid.lastRow(), column, text);
+    }
+
+    Program& m_program;
+    const BillText& m_bill;
+    const SheetColumns& m_from;
+    const LineColumns m_to;
+    std::vector<std::pair<int, int>> m_texts; // their columns in the sheet and in the grid
+    LineGrid m_grid;
+};
+
+/// @return the number of lines; unset where the bill stays as it was
+std::optional<int> Import(Program& program, BillText& bill, const QString& path, const ImportProgress& progress)
+{
+    progress(0, 0);
+    std::optional<ImportSheet> sheet;
+    SpreadsheetOf(program).Run([&](SpreadsheetApplication& office) { sheet = ReadImportSheet(office, path); },
+                               SpreadsheetHost::Input::Passes);
+    LineWriter lines(program, bill, sheet->columns);
+    const auto total = static_cast<int>(sheet->rows.size());
+    for (int row = 0; row < total; ++row) {
+        const Recordset good = GoodForLine(program, CodeOf(sheet->rows[row], sheet->columns));
+        if (!good || !progress(row, total))
+            return {};
+        if (!good.isEmpty())
+            lines.Write(sheet->rows[row], good);
+    }
+    bill.MSH = std::move(lines.grid());
+    ColumnWidthsChanged(bill);
+    RecalcAllAmounts(program, bill);
+    return bill.MSH.lastRow() - 1;
+}
+
+} // namespace
+
+QString AskImportFile(Program& program, const BillKind& kind)
+{
+    const QString workbooks = "Microsoft Excel 工作簿 (*.XLS *.xlsx)";
+    const bool isPiece = kind.lines == LineShape::Pieces;
+    const QString path = program.prompt.AskFile("选择导入数据", isPiece ? workbooks : workbooks + ";;All Files (*.*)");
+    if (path.isEmpty())
+        program.prompt.Inform("不能确定导入文件路径，请重新选择导入文件！");
+    return path;
+}
+
+QString ExcelInBill(Program& program, BillText& bill, const QString& path, const ImportProgress& progress)
+{
+    try {
+        const std::optional<int> lines = Import(program, bill, path, progress);
+        return lines ? "共导入" + QString::number(*lines) + " 条数据！" : QString();
+    } catch (const SpreadsheetError& error) {
+        return error.kind == SpreadsheetError::Kind::Cancelled ? QString() : error.description;
+    }
+}
+
+QStringList ImportTitles(const BillKind& kind)
+{
+    QStringList titles = {"商品编号", "商品名称", "规格", "属性", "单位"};
+    // The rules on the screen ask for it in the third column.
+    const bool isRevaluation = kind.lines == LineShape::Revalued;
+    titles.insert(isRevaluation ? 2 : titles.size(), isRevaluation ? "调价金额" : "数量");
+    for (const char* title : kTextTitles)
+        titles << title;
+    return titles;
+}

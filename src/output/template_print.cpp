@@ -1,0 +1,272 @@
+#include "output/template_print.h"
+
+#include "base/number_text.h"
+#include "base/program_folder.h"
+#include "handover/open_query.h"
+#include "output/paper.h"
+#include "output/spreadsheet_plugin.h"
+#include "output/stored_files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTime>
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace {
+
+constexpr int kTokenRows = 40;
+constexpr int kTokenColumns = 40;
+constexpr int kPlaceholderRow = 17; // and the one below it
+constexpr auto kCompany = "?本单位名称";
+constexpr auto kUnforeseen = "操作发生不可预测性错误！请退出软件重启电脑后再操作！";
+constexpr size_t kCodesAtOnce = 100;
+
+/// What PrintBill_Excel and SetPrintTemplate say in their own words.
+struct Refusals
+{
+    const char* noName;
+    const char* noFile;
+};
+constexpr Refusals kPrinting{"未传递打印模版名，打印终止！", "打印模版文件不存在，打印终止！"};
+constexpr Refusals kSettingUp{"未传递打印模版名，设置终止！", "打印模版文件不存在，设置终止！"};
+
+template <typename Result = bool>
+Result Refuse(Program& program, const QString& text)
+{
+    program.prompt.Inform(text);
+    return Result();
+}
+
+void Say(Program& program, const SpreadsheetError& error)
+{
+    program.prompt.Inform(error.kind == SpreadsheetError::Kind::Stopped ? kUnforeseen : error.description);
+}
+
+/// A folder beside the program, made when it is missing. Unset when that failed, which has been said.
+std::optional<QString> WorkingFolder(Program& program, const QString& name)
+{
+    const QString path = PathInFolder(program.folder, name);
+    if (QDir().mkpath(path))
+        return path;
+    return Refuse<std::optional<QString>>(program, "不能建立文件夹" + path + "，请确定程序文件夹的写权限后重新操作！");
+}
+
+/// A name out of the account set must not lead out of the folder.
+bool IsFileName(const QString& name)
+{
+    return name != u"." && name != u".." && !name.contains('/') && !name.contains('\\') && !name.contains(QChar(0));
+}
+
+/// The template written afresh out of the account set. Unset when that failed, which has been said.
+std::optional<QString> FetchTemplate(Program& program, const QString& name, const Refusals& refusals)
+{
+    using Path = std::optional<QString>;
+    if (!IsFileName(name))
+        return Refuse<Path>(program, "报表模版名“" + name + "”不是文件名，操作终止！");
+    const Path folder = WorkingFolder(program, "PrintTemp");
+    if (!folder)
+        return {};
+    const QString path = PathInFolder(*folder, name);
+    if (!SaveTableFileToDisk(program, path, name))
+        return Refuse<Path>(program, "打开报表模版失败，请重新操作！");
+    if (!QFile::exists(path))
+        return Refuse<Path>(program, refusals.noFile);
+    return path;
+}
+
+bool IsSaved(Program& program, const BillSheet& bill)
+{
+    if (bill.valBillCode.isEmpty())
+        return true;
+    const Recordset head =
+        OpenQuery(program, Sql("select * from ") + Name(bill.headTable) + " where Code=" + bill.valBillCode);
+    if (head && head.isEmpty())
+        program.prompt.Inform("尚未保存数据，请先保存数据后重新执行打印！");
+    return !head.isEmpty();
+}
+
+/// A copy of the template that is worked on. Unset when it could not be made, which has been said.
+std::optional<QString> CopyOf(Program& program, const QString& templatePath, const QString& name)
+{
+    const std::optional<QString> folder = WorkingFolder(program, "TempFile");
+    if (!folder)
+        return {};
+    const Moment now = program.clock.Now();
+    const QTime time = QTime::fromMSecsSinceStartOfDay(now.millisecondOfDay);
+    const QString copy = PathInFolder(*folder, now.day.toString("yyyyMMdd") + time.toString("HHmmss") + name);
+    QFile::remove(copy);
+    if (QFile::copy(templatePath, copy))
+        return copy;
+    return Refuse<std::optional<QString>>(program, "不能写入文件" + copy + "，请确定磁盘空间和写权限后重新操作！");
+}
+
+/// Where its pages go.
+QString PdfOf(const QString& copy)
+{
+    return copy + ".pdf";
+}
+
+void ReplaceTokens(Sheet& page, const std::vector<BillToken>& tokens)
+{
+    const std::vector<QStringList> texts = page.Read(1, 1, kTokenRows, kTokenColumns);
+    for (int row = 0; row < kTokenRows; ++row) {
+        for (int column = 0; column < kTokenColumns; ++column) {
+            const QString& text = texts[row][column];
+            const QString replaced = ReplaceBillTokens(tokens, text);
+            // A cell without a token is left alone: it may be a formula.
+            if (replaced != text)
+                page.Write(row + 1, column + 1, {{replaced}});
+        }
+    }
+}
+
+bool IsBarcodeStyle(Workbook& book)
+{
+    const std::unique_ptr<Sheet> settings = book.SheetNamed("样式分类设置");
+    const QString style = settings ? settings->Read(1, 2, 1, 1).front().front().trimmed() : QString();
+    return style == u"首列打印条形码" || style == u"首列打印图形条形码" || style == u"首列打印数字条形码";
+}
+
+/// A figure is a number in the sheet, so that a formula of the template can add it up.
+SheetCell CellOf(const QString& text, bool isFigure)
+{
+    bool isNumber = false;
+    const double number = isFigure ? CleanNumberText(text).trimmed().toDouble(&isNumber) : 0;
+    if (isNumber && std::isfinite(number))
+        return number;
+    return text.trimmed();
+}
+
+/// @param barcodes  null for the plain style
+SheetRows RowsOf(const BillSheet& bill, const GoodsBarcodes* barcodes)
+{
+    SheetRows rows;
+    for (const QStringList& line : bill.lines) {
+        std::vector<SheetCell>& cells = rows.emplace_back();
+        if (barcodes)
+            cells.emplace_back(barcodes->GetGoodsBarcode(line.front()));
+        for (qsizetype column = 0; column < line.size(); ++column)
+            cells.push_back(CellOf(line[column], bill.isFigure[column]));
+    }
+    return rows;
+}
+
+void WriteLines(Sheet& page, const SheetRows& rows)
+{
+    const int count = int(rows.size());
+    if (count > 0) {
+        page.InsertRows(kPlaceholderRow + 1, count);
+        page.Write(kPlaceholderRow + 1, 1, rows);
+    }
+    page.DeleteRows(kPlaceholderRow, 1);
+    page.DeleteRows(kPlaceholderRow + count, 1);
+}
+
+void FillCopy(SpreadsheetApplication& application, const BillSheet& bill, const GoodsBarcodes& barcodes,
+              const QString& copy, const QString& pdf)
+{
+    const std::unique_ptr<Workbook> book = application.Open(copy);
+    const bool hasBarcodes = IsBarcodeStyle(*book);
+    const std::unique_ptr<Sheet> page = book->SheetNamed("sheet1");
+    if (!page)
+        throw SpreadsheetError{SpreadsheetError::Kind::Stopped, kUnforeseen};
+    ReplaceTokens(*page, bill.tokens);
+    WriteLines(*page, RowsOf(bill, hasBarcodes ? &barcodes : nullptr));
+    if (pdf.isEmpty())
+        book->SaveAs(copy);
+    else
+        book->ExportPdf(*page, pdf);
+}
+
+/// True when the copy is left to the user.
+bool PutOut(Program& program, const BillSheet& bill, const QString& copy, SheetGoal goal, const ShowPages& showPages)
+{
+    const GoodsBarcodes barcodes(program, bill.lines);
+    const QString pdf = goal == SheetGoal::IntoExcel ? QString() : PdfOf(copy);
+    try {
+        SpreadsheetHost& host = SpreadsheetOf(program);
+        host.Run([&](SpreadsheetApplication& application) { FillCopy(application, bill, barcodes, copy, pdf); });
+        if (goal == SheetGoal::IntoExcel) {
+            host.HandOver(copy, "输出....", false);
+            return true;
+        }
+    } catch (const SpreadsheetError& error) {
+        Say(program, error);
+        return false;
+    }
+    if (goal == SheetGoal::Print)
+        PrintPdf(program, pdf, bill.valBillCode);
+    else
+        showPages(pdf);
+    return false;
+}
+
+} // namespace
+
+QString ReplaceBillTokens(const std::vector<BillToken>& tokens, QString cellText)
+{
+    for (const BillToken& token : tokens)
+        cellText.replace(token.word, token.value);
+    return cellText;
+}
+
+QString GetCompanyToken(Program& program, const QString& token)
+{
+    return token == QString(kCompany) ? OpenQuery(program, Sql("select Name from TabCompanyInf  ")).Text("Name")
+                                      : token;
+}
+
+GoodsBarcodes::GoodsBarcodes(Program& program, const std::vector<QStringList>& lines)
+{
+    QStringList codes;
+    for (const QStringList& line : lines)
+        codes << line.front().trimmed();
+    codes.removeDuplicates();
+    for (qsizetype first = 0; first < codes.size(); first += kCodesAtOnce) {
+        Sql query = Sql("select Code,TiaoXingCode from TabWare where Code in (") + codes[first];
+        // The last code fills up the last statement: all have one shape.
+        for (size_t next = 1; next < kCodesAtOnce; ++next)
+            query += Sql(",") + codes[std::min(first + qsizetype(next), codes.size() - 1)];
+        const Recordset goods = OpenQuery(program, query + ") ");
+        for (int row = 0; row < goods.size(); ++row)
+            m_barcodes.insert(goods.Text("Code", row).trimmed().toCaseFolded(), goods.Text("TiaoXingCode", row));
+    }
+}
+
+QString GoodsBarcodes::GetGoodsBarcode(const QString& goodsCode) const
+{
+    return m_barcodes.value(goodsCode.trimmed().toCaseFolded());
+}
+
+void PrintBill_Excel(Program& program, const BillSheet& bill, const QString& valPrintModleName, SheetGoal goal,
+                     const ShowPages& showPages)
+{
+    const QString name = valPrintModleName.trimmed();
+    if (name.isEmpty() || name == u"暂无")
+        return program.prompt.Inform(kPrinting.noName);
+    if (!IsSaved(program, bill))
+        return;
+    const std::optional<QString> stored = FetchTemplate(program, name, kPrinting);
+    const std::optional<QString> copy = stored ? CopyOf(program, *stored, name) : std::nullopt;
+    if (!copy || PutOut(program, bill, *copy, goal, showPages))
+        return;
+    QFile::remove(*copy);
+    QFile::remove(PdfOf(*copy));
+}
+
+void SetPrintTemplate(Program& program, const QString& valPrintModleName)
+{
+    const QString name = valPrintModleName.trimmed();
+    if (name.isEmpty())
+        return program.prompt.Inform(kSettingUp.noName);
+    const std::optional<QString> stored = FetchTemplate(program, name, kSettingUp);
+    if (!stored)
+        return;
+    try {
+        SpreadsheetOf(program).HandOver(*stored, name, false);
+    } catch (const SpreadsheetError& error) {
+        Say(program, error);
+    }
+}

@@ -1,0 +1,215 @@
+#include "bills/line_import.h"
+
+#include "assembly/piece_screen.h"
+#include "support/memory_workbook.h"
+
+#include <utility>
+
+namespace {
+
+template <typename Screen>
+struct ImportOn : Screen
+{
+    using Screen::bill;
+    using Screen::test;
+
+    MemorySpreadsheet& office = UseMemorySpreadsheet(test.program);
+
+    void Put(const std::vector<QStringList>& rows, const QString& sheet = "Sheet1")
+    {
+        office.books["book.xls"] = {{"其他", {}}, SheetOfTexts(sheet, rows)};
+    }
+
+    /// What is said at the end.
+    QString Import(int rowsUntilCancelled = -1)
+    {
+        int steps = rowsUntilCancelled;
+        return ExcelInBill(test.program, bill, "book.xls",
+                           [&steps](int, int total) { return total == 0 || steps-- != 0; });
+    }
+
+    /// The cells behind the row head, without empty ones at the end.
+    QStringList Lines()
+    {
+        QStringList lines;
+        for (int row = 1; row < bill.MSH.lastRow(); ++row) {
+            QStringList cells;
+            for (int column = 1; column < bill.MSH.columns(); ++column)
+                cells << bill.MSH.Cell(row, column);
+            while (!cells.isEmpty() && cells.back().isEmpty())
+                cells.removeLast();
+            lines << cells.join('|');
+        }
+        return lines;
+    }
+};
+
+struct LineImport : ImportOn<BillScreen>
+{};
+
+struct Case
+{
+    const char* what;
+    const char* operation;
+    std::vector<QStringList> rows;
+    QStringList lines;
+    const char* totals; // amount and money
+};
+
+TEST_F(LineImport, EveryKindTakesItsColumns)
+{
+    const Case cases[] = {
+        {"titles in any order, figures as texts",
+         "同价调拨",
+         {{"备注", " 数量 ", "金额", "商品编号"}, {"r", "1,234.5", "7", " A001　"}, {"", "2件", "", "b001"}},
+         {"A001|螺丝|M8||箱|1,234.50|10.00|12,345.00||||||||||r", "B001|O'Neil|||件|2.00|0.00|0.00"},
+         "1,236.50 12,345.00"},
+        {"what the sheet says of a good goes before what is known of it",
+         "盘点报损",
+         {{"商品编号", "商品名称", "规格", "属性", "单位", "数量"},
+          {"A001", "螺丝甲", "M9", "0102", "个", "1"},
+          {"A001", "　", "", "0102>颜色>红", "", "1"},
+          {"A001", "", "", "none", "", "1"}},
+         {"A001|螺丝甲|M9|0102>颜色>红|个|1.00|10.00|10.00", "A001|螺丝|M8|0102>颜色>红|箱|1.00|10.00|10.00",
+          "A001|螺丝|M8|none>none|箱|1.00|10.00|10.00"},
+         "3.00 30.00"},
+        {"the price of a sheet is not taken",
+         "异价调拨",
+         {{"商品编号", "数量", "单价", "金额", "含税单价"}, {"A001", "3", "12", "36", "13"}},
+         {"A001|螺丝|M8||箱|3.00||10.00|0.00"},
+         "3.00 0.00"},
+        {"a revaluation as it was typed",
+         "商品调价",
+         {{"商品编号", "商品名称", "调价金额", "数量"}, {"A001", "", "-1,234.567", "5"}, {"B001", "", "", ""}},
+         {"A001|螺丝|M8||箱|-1234.567", "B001|O'Neil|||件|0"},
+         "0.00 -1,234.57"},
+        {"texts as they stand, on one line",
+         "盘点报溢",
+         {{"商品编号", "唯一码", "生产日期", "有效日期", "批号", "自定义字段1", "自定义字段3", "品牌", "生产厂商",
+           "备注"},
+          {"A001", "007", "2023-01-05", "no day", "0012", "c1", "c3", "brand", "maker", "a\nb"}},
+         {"A001|螺丝|M8||箱|0.00|10.00|0.00|maker|brand|0012|2023-01-05|no day|007|c1||c3|a b"},
+         "0.00 0.00"},
+        {"the first of two titles; unknown goods vanish; a blank code ends it",
+         "同价调拨",
+         {{"商品编号", "数量", "数量"}, {"X", "1", "2"}, {"A001", "3", "4"}, {"　 ", "5", "6"}, {"B001", "7", "8"}},
+         {"A001|螺丝|M8||箱|3.00|10.00|30.00"},
+         "3.00 30.00"},
+        {"no rows", "同价调拨", {{"商品编号"}}, {}, "0.00 0.00"},
+        {"a blank first row", "同价调拨", {{"商品编号"}, {}, {"A001"}}, {}, "0.00 0.00"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        Open(c.operation);
+        AddLine("B001", {});
+        Put(c.rows);
+        EXPECT_EQ(Import(), "共导入" + QString::number(c.lines.size()) + " 条数据！");
+        EXPECT_EQ(Lines(), c.lines);
+        EXPECT_EQ(bill.LabTotalAmount + " " + bill.LabTotalMoney, c.totals);
+        EXPECT_EQ(bill.MSH.Cell(bill.MSH.lastRow(), 1), "") << "a blank row follows";
+        EXPECT_TRUE(test.prompt.boxes.empty());
+    }
+}
+
+TEST_F(LineImport, ANumberCanBeACode)
+{
+    test.Insert("TabWare", {{"Code", "1001"}, {"Name", "垫片"}});
+    Open("盘点报溢");
+    office.books["book.xls"] = {{"SHEET1", {{QString("商品编号"), QString("数量")}, {1001.0, 0.1}}}};
+    EXPECT_EQ(Import(), "共导入1 条数据！");
+    EXPECT_EQ(Lines(), QStringList("1001|垫片||||0.10|0.00|0.00"));
+}
+
+TEST_F(LineImport, WhatCannotBeReadLeavesTheLines)
+{
+    using Kind = SpreadsheetError::Kind;
+    struct Failure
+    {
+        const char* operation; // that fails
+        Kind kind;
+        QStringList titles;
+        const char* sheet;
+        int rows; // until the user has had enough
+        QString said;
+    };
+    const QStringList good = {"商品编号"};
+    const Failure failures[] = {
+        {"Open", Kind::CannotOpen, good, "sheet1", -1, "broken"},
+        {"Run", Kind::NotInstalled, good, "sheet1", -1, "broken"},
+        {"Read", Kind::Stopped, good, "sheet1", -1, "broken"},
+        {"Read", Kind::Cancelled, good, "sheet1", -1, ""},
+        {nullptr, {}, good, "工作表1", -1, "文件“book.xls”中没有名称为“sheet1”的工作表，不能导入！"},
+        {nullptr,
+         {},
+         {"编号"},
+         "sheet1",
+         -1,
+         "文件“book.xls”中没有“商品编号”列（工作表“sheet1”的第一行是表头），不能导入！"},
+        {nullptr, {}, good, "sheet1", 1, ""},
+    };
+    Open("同价调拨");
+    AddLine("A001", {{"数量", "2"}});
+    const QStringList before = Lines();
+    for (const Failure& failure : failures) {
+        Put({failure.titles, {"B001"}, {"B001"}}, failure.sheet);
+        office.failures.clear();
+        if (failure.operation)
+            office.failures[failure.operation] = {failure.kind, "broken"};
+        EXPECT_EQ(Import(failure.rows), failure.said);
+        EXPECT_EQ(Lines(), before) << failure.said.toStdString();
+        EXPECT_EQ(bill.LabTotalMoney, "20.00");
+    }
+
+    office.failures.clear();
+    test.Run(Sql("drop table TabWare"));
+    EXPECT_EQ(Import(), "");
+    EXPECT_EQ(test.prompt.boxes.size(), 1U) << "a lost table is said once, not for every line";
+    EXPECT_EQ(Lines(), before);
+}
+
+TEST_F(LineImport, NothingBelowTheLinesIsRead)
+{
+    Open("同价调拨");
+    std::vector<QStringList> rows(5000);
+    rows[0] = {"商品编号"};
+    rows[1] = {"A001"};
+    rows[4999] = {"A001"};
+    Put(rows);
+    EXPECT_EQ(Import(), "共导入1 条数据！");
+    EXPECT_EQ(office.calls["Read"], 2);
+    EXPECT_EQ(office.input, SpreadsheetHost::Input::Passes);
+}
+
+TEST_F(LineImport, AWorkbookForAKindHasWhatItTakes)
+{
+    for (const BillKind& kind : BillKinds()) {
+        for (const QString& title : ImportTitles(kind))
+            EXPECT_NE(ColumnIndex(kind, title), 0) << title.toStdString() << " " << kind.bill.toStdString();
+    }
+    EXPECT_EQ(ImportTitles(*KindOfBill("商品调价单"))[2], "调价金额") << "as the rules on the screen ask for";
+}
+
+struct PieceImport : ImportOn<PieceScreen>
+{};
+
+TEST_F(PieceImport, TheHeadFollowsTheLines)
+{
+    Open(true, "2");
+    bill.ChSpecJE = true; // an import knows no factor
+    Put({{"商品编号", "数量", "规格", "成本价"}, {"A001", "3", "2*2", "99"}, {"B001", "1", "", ""}});
+    EXPECT_EQ(Import(), "共导入2 条数据！");
+    EXPECT_EQ(Lines(), QStringList({"A001|螺丝|2*2||箱|3.00|10.00|30.00", "B001|O'Neil|||件|1.00|0.00|0.00"}));
+    EXPECT_EQ(bill.LabTotalMoney + " " + bill.TxtTotalMoney + " " + bill.TxtCost, "30.00 30.00 15.00");
+}
+
+TEST_F(PieceImport, TheWorkbookIsAskedFor)
+{
+    const QString filter = "选择导入数据|Microsoft Excel 工作簿 (*.XLS *.xlsx)";
+    EXPECT_EQ(AskImportFile(test.program, *KindOfBill("商品拆卸单")), "");
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList({filter, "不能确定导入文件路径，请重新选择导入文件！"}));
+    test.prompt.file = "a.xls";
+    EXPECT_EQ(AskImportFile(test.program, *KindOfBill("盘点报损单")), "a.xls");
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList(filter + ";;All Files (*.*)"));
+}
+
+} // namespace

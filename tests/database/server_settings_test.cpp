@@ -1,0 +1,75 @@
+#include "database/server_settings.h"
+
+#include "database/store.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace {
+ServerSettings SettingsOf(const char* text)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(kServerSettingsFile));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(text);
+    file.close();
+    return ReadServerSettings(folder.path());
+}
+
+constexpr const char* kHandedOver = "Driver={SQL Server};Server=10.0.0.9,1433;DataBase=books;UID=sa;PWD=%1; ";
+} // namespace
+
+TEST(ServerSettings, AMissingFileMeansSqlServer)
+{
+    const ServerSettings settings = ReadServerSettings(QTemporaryDir().path());
+    EXPECT_EQ(settings.kind, ServerKind::SqlServer);
+    EXPECT_GT(settings.connectSeconds, 0);
+}
+
+TEST(ServerSettings, AreReadLineByLine)
+{
+    const ServerSettings settings = SettingsOf(
+        "# the server\r\n\r\nkind = PostgreSQL\r\ndriver=My Driver\noptions=a=b;c=d;\nconnect=3\nstatement=9");
+    EXPECT_EQ(settings.kind, ServerKind::PostgreSql);
+    EXPECT_EQ(settings.driver.toStdString(), "My Driver");
+    EXPECT_EQ(settings.options.toStdString(), "a=b;c=d;");
+    EXPECT_EQ(settings.connectSeconds, 3);
+    EXPECT_EQ(settings.statementSeconds, 9);
+    for (const char* nonsense : {"kind=oracle", "connect=soon", "connect=0", "colour=red", "postgresql"})
+        EXPECT_THROW(SettingsOf(nonsense), StoreError) << nonsense;
+}
+
+TEST(ServerSettings, SqlServerGetsTheConnectionStringAsItStands)
+{
+    const QString given = QString(kHandedOver).arg("secret");
+    EXPECT_EQ(DriverConnection({}, AddressOf(given)).toStdString(), given.toStdString());
+}
+
+TEST(ServerSettings, AValueNeverEndsItsPlaceInTheString)
+{
+    ServerSettings postgres;
+    postgres.kind = ServerKind::PostgreSql;
+    struct Case
+    {
+        const char* password;
+        const char* written;
+    };
+    const Case cases[] = {
+        {"secret", ";PWD=secret;"},
+        {"", ";PWD=;"},
+        {"a;Server=evil", ";PWD={a;Server=evil};"},
+        {"a}b{", ";PWD={a}}b{};"},
+        {"x;PWD=y; z", ";PWD={x;PWD=y; z};"},
+        {"密 码", ";PWD={密 码};"},
+    };
+    for (const Case& c : cases) {
+        const ServerAddress address = AddressOf(QString(kHandedOver).arg(c.password));
+        EXPECT_EQ(address.password.toStdString(), c.password);
+        EXPECT_EQ(address.server.toStdString() + " " + address.port.toStdString(), "10.0.0.9 1433");
+        EXPECT_EQ(address.database.toStdString() + " " + address.user.toStdString(), "books sa");
+        for (const ServerSettings& settings : {ServerSettings{}, postgres})
+            EXPECT_TRUE(DriverConnection(settings, address).contains(c.written))
+                << DriverConnection(settings, address).toStdString();
+    }
+}

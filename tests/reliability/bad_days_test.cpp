@@ -1,0 +1,229 @@
+// A database that another program holds, a file or a folder that may not be written, a clock that jumps, and files that
+// hold anything but what they should.
+
+#include "database/sqlite_store.h"
+#include "reliability/desk.h"
+#include "stock/balance.h"
+#include "support/test_program.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+#include <random>
+#include <set>
+#include <unistd.h>
+
+namespace {
+
+class BadDays : public testing::Test
+{
+protected:
+    BadDays() { FillAccountSet(test); }
+
+    void Open(const char* operation = "同价调拨")
+    {
+        bill = TypeBill(test.program, {KindOfOperation(operation), {{"A001", 3, 12}, {"A002", 2, 12}}});
+        test.prompt.boxes.clear();
+    }
+
+    /// The boxes of a save that must store nothing.
+    QStringList SaveInVain()
+    {
+        const BillText before = *bill;
+        EXPECT_FALSE(Save(test.program, *bill).stored);
+        EXPECT_FALSE(bill->BillSavedFlag);
+        EXPECT_EQ(bill->MSH.lastRow(), before.MSH.lastRow());
+        const QStringList texts = test.prompt.TakeTexts();
+        EXPECT_FALSE(texts.isEmpty());
+        EXPECT_FALSE(texts.contains("保存成功！"));
+        return texts;
+    }
+
+    void ExpectSaved()
+    {
+        EXPECT_TRUE(Save(test.program, *bill).stored);
+        EXPECT_EQ(test.prompt.TakeTexts(), QStringList("保存成功！"));
+    }
+
+    TestProgram test;
+    std::unique_ptr<BillText> bill;
+};
+
+TEST_F(BadDays, AnAccountSetThatAnotherProgramHoldsIsSaidAndNothingIsLost)
+{
+    Open();
+    const std::unique_ptr<Store> other = OpenSqliteFile(test.databasePath());
+    other->BeginUnit();
+    other->Run(Sql("update TabWare set Spec='held' where Code='A002'"));
+    test.Run(Sql("pragma busy_timeout=100")); // the user waits longer
+    const QStringList boxes = SaveInVain();
+    EXPECT_EQ(boxes.size(), 1);
+    EXPECT_TRUE(boxes[0].contains("数据库正被其他程序占用，请稍后重试！")) << boxes[0].toStdString();
+    StockQuestion question;
+    question.wareCode = "A001";
+    question.asOf = {QDate(2023, 2, 28), 0};
+    EXPECT_EQ(GetStockBalance(test.program, question).ShownAmount, 2999) << "who asks does not wait";
+    other->CommitUnit();
+    ExpectSaved();
+}
+
+/// Not the administrator, who may write everywhere.
+struct LesserUser
+{
+    LesserUser() { EXPECT_EQ(seteuid(65534), 0); }
+    ~LesserUser() { EXPECT_EQ(seteuid(0), 0); }
+};
+
+TEST_F(BadDays, AFileOrAFolderThatMayNotBeWrittenIsSaidAndNothingIsLost)
+{
+    const QString data = test.folder.filePath("Data");
+    const auto readable = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
+    const auto searchable = readable | QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
+    const auto writable = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+    QFile::setPermissions(test.folder.path(), searchable);
+    const struct
+    {
+        QFile::Permissions file;
+        QFile::Permissions folder;
+    } cases[] = {
+        {readable, searchable | writable}, {readable | writable, searchable}, {readable, searchable}, {{}, searchable}};
+    for (const auto& c : cases) {
+        Open();
+        test.program.gConnection.Close();
+        QFile::setPermissions(test.databasePath(), c.file);
+        QFile::setPermissions(data, c.folder);
+        {
+            std::optional<LesserUser> lesser;
+            if (geteuid() == 0)
+                lesser.emplace();
+            for (const QString& box : SaveInVain())
+                EXPECT_TRUE(box.contains("只读") || box.contains("不能打开") || !box.startsWith("Error:"))
+                    << box.toStdString();
+            test.program.gConnection.Close();
+        }
+        QFile::setPermissions(test.databasePath(), readable | writable);
+        QFile::setPermissions(data, searchable | writable);
+        ExpectSaved();
+    }
+    QFile::setPermissions(test.folder.path(), searchable | writable);
+}
+
+TEST_F(BadDays, AClockThatJumpsBackBreaksNeitherCodesNorTheOrderOfMoments)
+{
+    const Moment noon = {QDate(2023, 2, 8), 12 * 60 * 60 * 1000};
+    const Moment times[] = {noon, {noon.day, 60000}, {noon.day.addDays(-1), noon.millisecondOfDay}, noon};
+    std::set<QString> codes;
+    for (const Moment& time : times) {
+        test.clock.now = time;
+        test.clock.step = -250; // and within a save
+        Open();
+        const Posting posting = Save(test.program, *bill);
+        EXPECT_TRUE(posting.stored);
+        EXPECT_TRUE(codes.insert(posting.code).second) << posting.code.toStdString();
+        const Recordset rows =
+            test.Run(Sql("select DateTimee,0 as Num from TabSamePriceMove where Code=") + posting.code +
+                     " union all select DateTimee,Num from TabSamePriceMoveInf where BillCode=" + posting.code +
+                     " order by Num");
+        ASSERT_EQ(rows.size(), 3);
+        for (int row = 1; row < rows.size(); ++row)
+            EXPECT_LT(rows.Text("DateTimee", row - 1), rows.Text("DateTimee", row));
+    }
+    EXPECT_EQ(codes.size(), std::size(times));
+}
+
+TEST_F(BadDays, AHandoverCutOffAnywhereLeavesAProgramThatSaysSo)
+{
+    RunParameters whole = test.program.parameters;
+    whole.ConDataRemark = "镕记：仓库=1";
+    const QString path = test.folder.filePath("CfgVault.dll");
+    ASSERT_TRUE(WriteRunParameters(test.folder.path(), whole, {"同价调拨", "", "", "", ""}));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    file.close();
+    for (qsizetype size = 0; size <= bytes.size(); ++size) {
+        SCOPED_TRACE(size);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes.first(size));
+        file.close();
+        const std::optional<RunParameters> read = ReadRunParameters(test.folder.path(), QDate(2023, 2, 8));
+        ASSERT_TRUE(read);
+        EXPECT_FALSE(QFile::exists(path));
+        EXPECT_TRUE(read->UserName.isEmpty() || read->UserName == whole.UserName);
+        EXPECT_TRUE(read->ConDataName.isEmpty() || read->ConDataName == whole.ConDataName);
+        test.prompt.boxes.clear();
+        Program program(test.folder.path(), *read, test.prompt, test.clock);
+        const bool answers = static_cast<bool>(OpenQuery(program, Sql("select Code from TabWare")));
+        EXPECT_NE(answers, !test.prompt.boxes.empty()) << "it works, or it says why not";
+    }
+}
+
+/// The same bytes every time.
+class Noise
+{
+public:
+    explicit Noise(unsigned seed) : m_dice(seed) {}
+
+    size_t Below(size_t count) { return std::uniform_int_distribution<size_t>(0, count - 1)(m_dice); }
+    QByteArray Bytes(size_t count)
+    {
+        QByteArray bytes;
+        while (static_cast<size_t>(bytes.size()) < count)
+            bytes += static_cast<char>(Below(256));
+        return bytes;
+    }
+
+private:
+    std::mt19937 m_dice;
+};
+
+TEST_F(BadDays, AHandoverOfAnyBytesIsReadToItsEnd)
+{
+    Noise noise(1);
+    for (int i = 0; i < 300; ++i) {
+        QFile file(test.folder.filePath("CfgVault.dll"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(noise.Bytes(noise.Below(600)));
+        file.close();
+        const std::optional<RunParameters> read = ReadRunParameters(test.folder.path(), QDate(2023, 2, 8));
+        ASSERT_TRUE(read);
+        EXPECT_EQ(read->OperateDate, "2023-02-08");
+        EXPECT_FALSE(read->IsAccess);
+    }
+}
+
+TEST_F(BadDays, AnAccountSetOfAnyBytesIsRefusedOrAnswersAndNeverEndsTheProgram)
+{
+    test.program.gConnection.Close();
+    QFile file(test.databasePath());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray whole = file.readAll();
+    file.close();
+    Noise noise(2);
+    int refused = 0;
+    for (int i = 0; i < 120; ++i) {
+        SCOPED_TRACE(i);
+        QByteArray bytes = whole;
+        if (i % 3 == 0) {
+            bytes = (i % 2 == 0 ? whole.first(16) : QByteArray()) + noise.Bytes(noise.Below(20000));
+        } else if (i % 3 == 1) {
+            bytes.truncate(static_cast<qsizetype>(noise.Below(static_cast<size_t>(whole.size()))));
+        } else {
+            for (int hit = 0; hit < 200; ++hit)
+                bytes[static_cast<qsizetype>(noise.Below(static_cast<size_t>(bytes.size())))] =
+                    static_cast<char>(noise.Below(256));
+        }
+        test.program.gConnection.Close();
+        for (const char* side : {"-wal", "-shm"})
+            QFile::remove(test.databasePath() + side);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        file.close();
+        test.prompt.boxes.clear();
+        Save(test.program, *TypeBill(test.program, {KindOfOperation("同价调拨"), {{"A001", 3}}}));
+        for (const ScriptedPrompt::Box& box : test.prompt.boxes)
+            refused += box.kind == u"error" ? 1 : 0;
+    }
+    EXPECT_GT(refused, 100);
+}
+
+} // namespace
