@@ -4,6 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 scripts/install.sh
+export LSAN_OPTIONS=suppressions=$PWD/tests/foreign_leaks.supp
 
 # run NAME [cmake options]
 run() {

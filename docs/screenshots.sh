@@ -19,7 +19,7 @@ trap cleanup EXIT
 
 acctset=$build/tools/acctset/acctset
 mkdir -p "$output" "$work/Data"
-cp "$build/src/WHMO.exe" "$work"
+cp "$build/src/WHMO.exe" "$build/src/warehouse_office.so" "$work"
 "$acctset" create "$work/Data/demo.db" --demo
 
 Xvfb -displayfd 3 -noreset -screen 0 1366x768x24 3>"$work/display" 2>/dev/null &
@@ -28,7 +28,8 @@ until [ -s "$work/display" ]; do sleep 0.05; done
 DISPLAY=:$(cat "$work/display")
 XDG_RUNTIME_DIR=$work
 XDG_CONFIG_HOME=$work/config
-export DISPLAY XDG_RUNTIME_DIR XDG_CONFIG_HOME
+XDG_DATA_HOME=$work/share
+export DISPLAY XDG_RUNTIME_DIR XDG_CONFIG_HOME XDG_DATA_HOME
 chmod 700 "$work"
 
 # open DIRECTIVE2 TABLE CODE [OPTION...]: the program on a bill, or its main window without directives
@@ -100,6 +101,11 @@ shot transfer_saved
 keys ctrl+n
 shot transfer_new
 for text in 0101 0202 002; do words "$text"; keys Return; done
+keys ctrl+i
+dialog 从Excel
+shot import_rules
+keys Escape
+behind
 keys Return Return
 words 01010
 shot transfer_goods_list
@@ -158,6 +164,14 @@ close
 
 open 同价调拨 TabSamePriceMove "$(first TabSamePriceMove "Datee>'2023-07-01' and Auditing<>'' and State='正常'")"
 shot transfer_audited
+keys alt+p Down Right
+shot print_menu
+keys Down Return
+dialog 打印
+xdotool windowsize "$(xdotool getwindowfocus)" 1366 768
+xdotool windowmove "$(xdotool getwindowfocus)" 0 0
+sleep 3 # the page is drawn behind the window
+shot print_preview
 close
 open 同价调拨 TabSamePriceMove "$(first TabSamePriceMove "State='作废' and Datee>'2023-07-01'")"
 shot transfer_voided

@@ -137,7 +137,7 @@ void frmGroupPiece::frm_Initialize(bool isFillBill, bool loadMenu)
 {
     ::frm_Initialize(m_program, m_piece, isFillBill);
     if (loadMenu)
-        FillTemplateMenus(*this, TemplateNames(m_program, "组装拆卸单"));
+        ListTemplates();
     ShowBill();
     if (!isFillBill)
         FocusFirstField();

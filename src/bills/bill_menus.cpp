@@ -114,7 +114,7 @@ const std::vector<BillKey>& BillKeys()
         {"ToolDeleteRow", "删除行", "删除行", "Ctrl+Del", nullptr, Command::DeleteRow, &C::deleteRow, false},
         {"ToolRedWord", "作废", "作废", "F9", nullptr, Command::Void, &C::redWord, true},
         {"ToolPrint", "打印", "打印", "", nullptr, Command::Print, nullptr, true},
-        {"ToolIn", "导入", "导入", "", nullptr, Command::Import, nullptr, true},
+        {"ToolIn", "导入", "导入", "Ctrl+I", nullptr, Command::Import, nullptr, true},
         {"ToolPos", "扫描", "扫描", "F6", nullptr, Command::Scan, nullptr, false},
         {"ToolImg", "图文", "图文", "F11", nullptr, {}, nullptr, false},
         {"ToolBefore", "前单", "前单", "Ctrl+PgUp", nullptr, {}, &C::before, true},

@@ -10,6 +10,7 @@
 #include "bills/paste.h"
 #include "bills/print_commands.h"
 #include "bills/recall.h"
+#include "data/lookups.h"
 #include "data/rights.h"
 #include "dialogs/bill_images.h"
 #include "dialogs/frmBillPos.h"
@@ -259,8 +260,14 @@ void BillWindow::FillBill(const QString& tableName, const QString& billCode)
 {
     ::FillBill(m_program, m_bill, tableName, billCode);
     OpenNavigation(m_program, m_bill);
+    ListTemplates();
     ShowBill();
     m_grid->setFocus();
+}
+
+void BillWindow::ListTemplates()
+{
+    FillTemplateMenus(*this, TemplateNames(m_program, TemplateGroup(m_bill, *m_commands.paper)));
 }
 
 void BillWindow::ShowTotals()

@@ -48,6 +48,8 @@ protected:
     /// Lets an existing widget show a text of the bill.
     void Bind(QWidget* widget, QString& text);
 
+    /// Lists the templates of the bill's group in its menus.
+    void ListTemplates();
     /// Puts the bill on the screen.
     virtual void ShowBill();
     virtual void FocusFirstField() = 0;

@@ -6,7 +6,6 @@
 #include "bills/lifecycle.h"
 #include "bills/line_entry.h"
 #include "bills/save.h"
-#include "data/lookups.h"
 
 #include <QAction>
 #include <QGridLayout>
@@ -124,7 +123,7 @@ void frmWareManage::FocusFirstField()
 void frmWareManage::frm_Initialize(bool keepLoaded)
 {
     ::frm_Initialize(m_program, m_bill, keepLoaded);
-    FillTemplateMenus(*this, TemplateNames(m_program, m_bill.LabBillName.trimmed()));
+    ListTemplates();
     ShowBill();
     if (!keepLoaded)
         FocusFirstField();

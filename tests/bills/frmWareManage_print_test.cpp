@@ -37,6 +37,15 @@ struct WareManagePrint : WareManageTest
     MemorySpreadsheet& office = UseMemorySpreadsheet(test.program);
 };
 
+TEST_F(WareManagePrint, ARecalledBillListsItsTemplatesToo)
+{
+    OpenSavedLoss();
+    const BillText saved = window->bill();
+    OpenSaved(saved.kind->headTable, saved.TxtBillCode);
+    for (const char* menu : {"MPDirect_Excel_D", "MPPreview_Excel_D", "FIntoExcel"})
+        EXPECT_EQ(Find<QMenu>(menu)->actions().size(), 3) << menu;
+}
+
 TEST_F(WareManagePrint, EveryEntryLeadsToItsWork)
 {
     OpenSavedLoss();

@@ -132,8 +132,8 @@ TEST_F(WareManageTest, TheStateOfABillLocksItsKeys)
     const QDate open(2023, 2, 8);
     const Case cases[] = {
         {"saved", "", "正常", open,
-         "Build Save Auditing UnAuditing Delete InsertRow DeleteRow RedWord Print In Pos Img Before Back Exit", "未审核",
-         true},
+         "Build Save Auditing UnAuditing Delete InsertRow DeleteRow RedWord Print In Pos Img Before Back Exit",
+         "未审核", true},
         {"audited", "张三", "正常", open, "Build UnAuditing Print Img Before Back Exit", "已审核", false},
         {"voided", "", "作废", open, "Build Delete Print Img Before Back Exit", "作废未审核", false},
         {"voided and audited", "张三", "作废", open, "Build Delete Print Img Before Back Exit", "作废已审核", false},
