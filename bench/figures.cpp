@@ -46,7 +46,7 @@ std::string TargetText(const Figure& figure)
 {
     if (!figure.inFloors)
         return "at most " + TimeText(figure.target);
-    return "at most " + std::to_string(int(figure.target)) + " floors";
+    return "at most " + QString::number(figure.target).toStdString() + " floors";
 }
 
 /// False where the target is missed.

@@ -56,7 +56,8 @@ Work Import(const char* name)
 {
     return [name](SpreadsheetHost& host) {
         host.Run([&](SpreadsheetApplication& application) {
-            const auto sheet = application.Open(BenchPath(name))->SheetAt(0);
+            const auto workbook = application.Open(BenchPath(name));
+            const auto sheet = workbook->SheetAt(0);
             sheet->Read(1, 1, sheet->usedRows(), 40);
         });
     };

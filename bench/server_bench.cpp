@@ -233,6 +233,7 @@ std::function<void(State&)> SavingBare()
 
 std::vector<Figure> Figures()
 {
+    Typed(); // with the goods: what they ask is no part of what is recorded
     return {
         {"Balance of a median good in one warehouse", kMostFloors, true, Asking(AskBalance), AskingBare(AskBalance)},
         {"Last recorded cost of a median good", kMostFloors, true, Asking(AskCost), AskingBare(AskCost)},

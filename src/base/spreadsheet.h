@@ -31,7 +31,7 @@ struct SpreadsheetError
 using SheetCell = std::variant<QString, double>;
 using SheetRows = std::vector<std::vector<SheetCell>>;
 
-class Sheet
+class Sheet // goes before its workbook
 {
 public:
     virtual ~Sheet() = default;

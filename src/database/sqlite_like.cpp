@@ -109,15 +109,21 @@ public:
             return false;
         if (type == SQLITE_NULL || m_type == SQLITE_NULL)
             return {};
-        const auto* const text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-        if (!m_needle)
-            return sqlite3_strlike(m_words.c_str(), text, 0) == 0;
+        if (m_needle && type == SQLITE_TEXT && !m_needle->isIn(BytesOf(value)))
+            return false;
         // What is found is looked for again: a text ends at its first zero byte.
-        const auto size = static_cast<size_t>(sqlite3_value_bytes(value));
-        return m_needle->isIn({text, size}) && m_needle->isIn(text);
+        const auto* const text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+        return m_needle ? m_needle->isIn(text) : sqlite3_strlike(m_words.c_str(), text, 0) == 0;
     }
 
 private:
+    /// Of a text. As a blob it is had where it lies; asked for as a text it would be copied for the zero behind it.
+    static std::string_view BytesOf(sqlite3_value* text)
+    {
+        const auto* const bytes = static_cast<const char*>(sqlite3_value_blob(text));
+        return {bytes, bytes ? static_cast<size_t>(sqlite3_value_bytes(text)) : 0};
+    }
+
     int m_type;
     std::string m_words;
     std::optional<Needle> m_needle;

@@ -141,8 +141,9 @@ Sequence<Any> RowValues(const std::vector<SheetCell>& cells)
 
 } // namespace
 
-UnoSheet::UnoSheet(CallWatch& watch, Reference<sheet::XSpreadsheet> sheet, Reference<frame::XModel> document)
-    : m_watch(watch), m_sheet(std::move(sheet)), m_document(std::move(document))
+UnoSheet::UnoSheet(CallWatch& watch, const Reference<sheet::XSpreadsheet>& sheet,
+                   const Reference<frame::XModel>& document)
+    : m_watch(watch), m_sheet(sheet), m_document(document)
 {}
 
 std::vector<QStringList> UnoSheet::Read(int row, int column, int rows, int columns)

@@ -14,8 +14,8 @@
 class UnoSheet final : public Sheet
 {
 public:
-    UnoSheet(CallWatch& watch, com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheet> sheet,
-             com::sun::star::uno::Reference<com::sun::star::frame::XModel> document);
+    UnoSheet(CallWatch& watch, const com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheet>& sheet,
+             const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& document);
 
     std::vector<QStringList> Read(int row, int column, int rows, int columns) override;
     int usedRows() override;

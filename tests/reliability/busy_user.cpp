@@ -6,7 +6,8 @@
 //
 // On the server of the tests FILE is the name of a database.
 //
-// Lines: "stored TABLE CODE MARK", "voided TABLE CODE", "deleted TABLE CODE", "box KIND TEXT", between tabs.
+// Lines: "stored TABLE CODE MARK" after a save, "voids TABLE CODE", "deletes TABLE CODE" in front of what a killed user
+// could no longer speak of, "box KIND TEXT", between tabs.
 
 #include "base/number_text.h"
 #include "bills/audit.h"
@@ -145,11 +146,11 @@ private:
             if (what < 7)
                 UnAuditBill(m_program, *bill);
         } else if (bill->isEnabled(Command::Void) && what == 8) {
+            Say({"voids", own.kind->headTable, own.code});
             VoidBill(m_program, *bill);
-            Say({"voided", own.kind->headTable, own.code});
         } else if (bill->isEnabled(Command::Delete) && own.kind->lines != LineShape::Priced) {
+            Say({"deletes", own.kind->headTable, own.code});
             FDelete(m_program, *bill);
-            Say({"deleted", own.kind->headTable, own.code});
             std::erase_if(m_bills, [&](const OwnBill& other) { return other.code == own.code; });
         }
     }
