@@ -63,12 +63,9 @@ PrivateFile::~PrivateFile()
     QFile::remove(m_path);
 }
 
-UnoWorkbook::UnoWorkbook(CallWatch& watch, Reference<sheet::XSpreadsheetDocument> document,
+UnoWorkbook::UnoWorkbook(CallWatch& watch, const Reference<sheet::XSpreadsheetDocument>& document,
                          std::unique_ptr<PrivateFile> copy, QString temporaryFolder)
-    : m_watch(watch),
-      m_document(std::move(document)),
-      m_copy(std::move(copy)),
-      m_temporaryFolder(std::move(temporaryFolder))
+    : m_watch(watch), m_document(document), m_copy(std::move(copy)), m_temporaryFolder(std::move(temporaryFolder))
 {}
 
 UnoWorkbook::~UnoWorkbook()

@@ -28,7 +28,8 @@ class UnoWorkbook final : public Workbook
 {
 public:
     /// @param copy  that it was opened from, null for a new one
-    UnoWorkbook(CallWatch& watch, com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetDocument> document,
+    UnoWorkbook(CallWatch& watch,
+                const com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetDocument>& document,
                 std::unique_ptr<PrivateFile> copy, QString temporaryFolder);
     ~UnoWorkbook() override;
 
