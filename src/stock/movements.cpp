@@ -183,7 +183,7 @@ Recordset ListMovements(Program& program, const StockQuestion& question, const S
         AppendLine(sql, movement, question.moneyName);
         AppendRowsOf(sql, movement, question, wareCondition, days, false);
     });
-    sql += " ) tmpTab order by WareCode,Datee,DateTimee,BillCode,Num";
+    sql += " ) tmpTab order by WareCode,Datee,DateTimee,BillCode,Num,Amount";
     return OpenQuery(program, sql);
 }
 

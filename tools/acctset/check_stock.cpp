@@ -75,6 +75,7 @@ std::vector<QDate> Closes(Program& program)
 {
     const Recordset rows = OpenQuery(program, Sql("select distinct Datee from TabTurn order by Datee"));
     std::vector<QDate> closes;
+    closes.reserve(static_cast<size_t>(rows.size()));
     for (int row = 0; row < rows.size(); ++row)
         closes.push_back(rows.Day("Datee", row).value_or(kNoDate));
     return closes;
