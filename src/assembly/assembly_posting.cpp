@@ -182,11 +182,8 @@ Outcome WriteBill(Program& program, GroupPieceText& bill, bool rewrite, bool wan
         DeleteRows(program, bill);
     }
     const Row head = HeadRow(save, bill, save.moments.Next());
-    const std::optional<bool> isTaken = IsStored(program, bill);
-    if (isTaken.value_or(false))
-        return Outcome::CodeTaken;
-    if (!isTaken || !DeleteStrayLines(program, bill))
-        return Outcome::NotStored;
+    if (const Room room = RoomFor(program, bill); room != Room::Free)
+        return room == Room::Taken ? Outcome::CodeTaken : Outcome::NotStored;
     if (ModeOf(bill).assembles)
         SaveAssemblyBill(save, bill, head);
     else

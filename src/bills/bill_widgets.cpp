@@ -3,7 +3,6 @@
 #include "bills/shades.h"
 #include "bills/toolbar_icons.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QHBoxLayout>
@@ -124,7 +123,6 @@ void Stamp::paintEvent(QPaintEvent*)
 
 Busy::Busy(QLabel& loading) : m_loading(loading)
 {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
     m_loading.adjustSize();
     m_loading.move(m_loading.parentWidget()->rect().center() - m_loading.rect().center());
     m_loading.show();
@@ -135,5 +133,4 @@ Busy::Busy(QLabel& loading) : m_loading(loading)
 Busy::~Busy()
 {
     m_loading.hide();
-    QApplication::restoreOverrideCursor();
 }

@@ -2,6 +2,8 @@
 
 // Small widgets that the bill windows are put together from.
 
+#include "output/frmProgress.h"
+
 #include <QLabel>
 
 class QComboBox;
@@ -39,5 +41,6 @@ public:
     Busy& operator=(const Busy&) = delete;
 
 private:
+    const BusyPointer m_pointer;
     QLabel& m_loading;
 };

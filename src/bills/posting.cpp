@@ -147,11 +147,8 @@ Outcome WriteBill(Save& save, HeadRow head, bool rewrite)
         DeleteRows(program, bill);
     }
     const Moment moment = save.moments.Next();
-    const std::optional<bool> isTaken = IsStored(program, bill);
-    if (isTaken.value_or(false))
-        return Outcome::CodeTaken;
-    if (!isTaken || !DeleteStrayLines(program, bill))
-        return Outcome::NotStored;
+    if (const Room room = RoomFor(program, bill); room != Room::Free)
+        return room == Room::Taken ? Outcome::CodeTaken : Outcome::NotStored;
     OpenQuery(program, InsertInto(Name(bill.kind->headTable), head(save, moment)));
     for (int row = 1; row < bill.MSH.lastRow(); ++row) {
         if (!WriteLine(save, row))

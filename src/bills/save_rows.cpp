@@ -61,6 +61,16 @@ Row LineMiddle(const Save& save, int row, const LineFigures& figures)
     }
 }
 
+/// Whether a bill of this code is there. Unset where the database did not answer.
+std::optional<bool> IsStored(Program& program, const BillText& bill)
+{
+    const Recordset head = OpenQuery(program, Sql("select Code from  ") + Name(bill.kind->headTable) +
+                                                  "  where Code=" + bill.TxtBillCode.trimmed());
+    if (!head)
+        return {};
+    return !head.isEmpty();
+}
+
 } // namespace
 
 Row LineRow(const Save& save, int row, const Moment& moment, const LineFigures& figures)
@@ -82,15 +92,6 @@ Row LineRow(const Save& save, int row, const Moment& moment, const LineFigures& 
     return values;
 }
 
-std::optional<bool> IsStored(Program& program, const BillText& bill)
-{
-    const Recordset head = OpenQuery(program, Sql("select Code from  ") + Name(bill.kind->headTable) +
-                                                  "  where Code=" + bill.TxtBillCode.trimmed());
-    if (!head)
-        return {};
-    return !head.isEmpty();
-}
-
 bool MayReplace(Program& program, const BillText& bill)
 {
     const Recordset head = OpenQuery(program, Sql("select Datee,State,Auditing from ") + Name(bill.kind->headTable) +
@@ -109,10 +110,14 @@ bool MayReplace(Program& program, const BillText& bill)
     return !day || !IsDayClosed(program, *day, false) || refuse("今天已结转，禁止当前操作！");
 }
 
-bool DeleteStrayLines(Program& program, const BillText& bill)
+Room RoomFor(Program& program, const BillText& bill)
 {
-    return static_cast<bool>(OpenQuery(program, Sql("delete from ") + Name(bill.kind->lineTable) +
-                                                    "  where BillCode=" + bill.TxtBillCode.trimmed()));
+    const std::optional<bool> isTaken = IsStored(program, bill);
+    if (isTaken.value_or(false))
+        return Room::Taken;
+    const auto deleteStrayLines =
+        Sql("delete from ") + Name(bill.kind->lineTable) + "  where BillCode=" + bill.TxtBillCode.trimmed();
+    return isTaken && OpenQuery(program, deleteStrayLines) ? Room::Free : Room::Unknown;
 }
 
 std::optional<bool> AskRewrite(Program& program, const BillText& bill)

@@ -44,12 +44,16 @@ CostQuestion LineCostQuestion(const Save& save, int row, const Moment& moment);
 /// A row of the line table.
 Row LineRow(const Save& save, int row, const Moment& moment, const LineFigures& figures);
 
-/// Whether a bill of this code is there. Unset where the database did not answer.
-std::optional<bool> IsStored(Program& program, const BillText& bill);
 /// Whether the stored bill is still as open as the screen that is to replace it; otherwise the user has been told.
 bool MayReplace(Program& program, const BillText& bill);
-/// Makes room for the lines of a code that no head bears: what a deleted or a half failed bill has left under it would
-/// become part of this one. False where that failed, which has been shown.
-bool DeleteStrayLines(Program& program, const BillText& bill);
+enum class Room
+{
+    Free,
+    Taken,   // a bill of this code is there
+    Unknown, // the database did not answer, which has been shown
+};
+/// Whether a bill can be written under its code. Lines that no head bears go: what a deleted or a half failed bill has
+/// left under the code would become part of this one.
+Room RoomFor(Program& program, const BillText& bill);
 /// Whether the save replaces a stored bill. Unset when the user would rather not, which has been acknowledged.
 std::optional<bool> AskRewrite(Program& program, const BillText& bill);

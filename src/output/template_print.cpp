@@ -6,6 +6,7 @@
 #include "output/paper.h"
 #include "output/spreadsheet_plugin.h"
 #include "output/stored_files.h"
+#include "output/working_copy.h"
 
 #include <QDir>
 #include <QFile>
@@ -87,25 +88,16 @@ bool IsSaved(Program& program, const BillSheet& bill)
     return !head.isEmpty();
 }
 
-/// A copy of the template that is worked on. Unset when it could not be made, which has been said.
-std::optional<QString> CopyOf(Program& program, const QString& templatePath, const QString& name)
+/// Where a copy of the template is worked on. Unset when there is no folder for it, which has been said.
+std::optional<QString> CopyPath(Program& program, const QString& name)
 {
     const std::optional<QString> folder = WorkingFolder(program, "TempFile");
     if (!folder)
         return {};
+    RemoveLeftCopies(*folder);
     const Moment now = program.clock.Now();
     const QTime time = QTime::fromMSecsSinceStartOfDay(now.millisecondOfDay);
-    const QString copy = PathInFolder(*folder, now.day.toString("yyyyMMdd") + time.toString("HHmmss") + name);
-    QFile::remove(copy);
-    if (QFile::copy(templatePath, copy))
-        return copy;
-    return Refuse<std::optional<QString>>(program, "不能写入文件" + copy + "，请确定磁盘空间和写权限后重新操作！");
-}
-
-/// Where its pages go.
-QString PdfOf(const QString& copy)
-{
-    return copy + ".pdf";
+    return PathInFolder(*folder, now.day.toString("yyyyMMdd") + time.toString("HHmmss") + name);
 }
 
 void ReplaceTokens(Sheet& page, const std::vector<BillToken>& tokens)
@@ -165,42 +157,38 @@ void WriteLines(Sheet& page, const SheetRows& rows)
 }
 
 void FillCopy(SpreadsheetApplication& application, const BillSheet& bill, const GoodsBarcodes& barcodes,
-              const QString& copy, const QString& pdf)
+              const WorkingCopy& copy, SheetGoal goal)
 {
-    const std::unique_ptr<Workbook> book = application.Open(copy);
+    const std::unique_ptr<Workbook> book = application.Open(copy.path());
     const bool hasBarcodes = IsBarcodeStyle(*book);
     const std::unique_ptr<Sheet> page = book->SheetNamed("sheet1");
     if (!page)
         throw SpreadsheetError{SpreadsheetError::Kind::Stopped, kUnforeseen};
     ReplaceTokens(*page, bill.tokens);
     WriteLines(*page, RowsOf(bill, hasBarcodes ? &barcodes : nullptr));
-    if (pdf.isEmpty())
-        book->SaveAs(copy);
+    if (goal == SheetGoal::IntoExcel)
+        book->SaveAs(copy.path());
     else
-        book->ExportPdf(*page, pdf);
+        book->ExportPdf(*page, copy.pdf());
 }
 
-/// True when the copy is left to the user.
-bool PutOut(Program& program, const BillSheet& bill, const QString& copy, SheetGoal goal, const ShowPages& showPages)
+void PutOut(Program& program, const BillSheet& bill, WorkingCopy& copy, SheetGoal goal, const ShowPages& showPages)
 {
     const GoodsBarcodes barcodes(program, bill.lines);
-    const QString pdf = goal == SheetGoal::IntoExcel ? QString() : PdfOf(copy);
     try {
         SpreadsheetHost& host = SpreadsheetOf(program);
-        host.Run([&](SpreadsheetApplication& application) { FillCopy(application, bill, barcodes, copy, pdf); });
+        host.Run([&](SpreadsheetApplication& application) { FillCopy(application, bill, barcodes, copy, goal); });
         if (goal == SheetGoal::IntoExcel) {
-            host.HandOver(copy, "输出....", false);
-            return true;
+            host.HandOver(copy.path(), "输出....", false);
+            return copy.LeaveToUser();
         }
     } catch (const SpreadsheetError& error) {
-        Say(program, error);
-        return false;
+        return Say(program, error);
     }
     if (goal == SheetGoal::Print)
-        PrintPdf(program, pdf, bill.valBillCode);
+        PrintPdf(program, copy.pdf(), bill.valBillCode);
     else
-        showPages(pdf);
-    return false;
+        showPages(copy.pdf());
 }
 
 } // namespace
@@ -249,11 +237,14 @@ void PrintBill_Excel(Program& program, const BillSheet& bill, const QString& val
     if (!IsSaved(program, bill))
         return;
     const std::optional<QString> stored = FetchTemplate(program, name, kPrinting);
-    const std::optional<QString> copy = stored ? CopyOf(program, *stored, name) : std::nullopt;
-    if (!copy || PutOut(program, bill, *copy, goal, showPages))
+    const std::optional<QString> path = stored ? CopyPath(program, name) : std::nullopt;
+    if (!path)
         return;
-    QFile::remove(*copy);
-    QFile::remove(PdfOf(*copy));
+    WorkingCopy copy(*path);
+    if (copy.Fill(*stored))
+        PutOut(program, bill, copy, goal, showPages);
+    else
+        program.prompt.Inform("不能写入文件" + *path + "，请确定磁盘空间和写权限后重新操作！");
 }
 
 void SetPrintTemplate(Program& program, const QString& valPrintModleName)

@@ -5,6 +5,10 @@
 #include "support/memory_workbook.h"
 #include "support/test_program.h"
 
+#include <QLockFile>
+#include <sys/wait.h>
+#include <unistd.h>
+
 namespace {
 
 const char* const kUnforeseen = "操作发生不可预测性错误！请退出软件重启电脑后再操作！";
@@ -72,6 +76,24 @@ protected:
     BillSheet bill;
     QStringList shown;
 };
+
+TEST_F(TemplatePrintTest, WhatAKilledProgramLeftGoesAndWhatTheUserHasStays)
+{
+    const QString folder = test.folder.filePath("TempFile/");
+    ASSERT_TRUE(QDir().mkpath(folder));
+    for (const char* name : {"left.xls", "left.xls.pdf", "theirs.xls", "ours.xls"})
+        ASSERT_TRUE(QFile(folder + name).open(QIODevice::WriteOnly));
+    const pid_t killed = fork();
+    if (killed == 0)
+        _exit((new QLockFile(folder + "left.xls.lock"))->tryLock() ? 0 : 1); // it ends without unlocking
+    int status = 1;
+    ASSERT_EQ(waitpid(killed, &status, 0), killed);
+    ASSERT_EQ(status, 0);
+    QLockFile atWork(folder + "ours.xls.lock");
+    ASSERT_TRUE(atWork.tryLock());
+    EXPECT_EQ(Fill("T.xls"), QStringList());
+    EXPECT_EQ(FilesIn("TempFile"), QStringList({"ours.xls", "ours.xls.lock", "theirs.xls"}));
+}
 
 TEST_F(TemplatePrintTest, LinesStandBetweenTheFormerPlaceholders)
 {
