@@ -50,6 +50,8 @@ void CheckInstalled()
 
 LocalUno::LocalUno()
 {
+    // A write to an office that has just ended would otherwise end the program with it.
+    std::signal(SIGPIPE, SIG_IGN);
     // Without these types the calls end in a crash.
     const QString types = "file://" + kOfficeFolder + "/types/offapi.rdb";
     rtl::Bootstrap::set("URE_MORE_TYPES", ToUno(types));

@@ -91,6 +91,16 @@ TEST_F(OfficeProcesses, KilledInAJob)
     EXPECT_EQ(TemporaryFiles(), QStringList());
 }
 
+TEST_F(OfficeProcesses, AWriteToAnEndedOfficeDoesNotEndTheProgram)
+{
+    ExpectWorks();
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    close(ends[0]);
+    EXPECT_EQ(write(ends[1], "x", 1), -1);
+    close(ends[1]);
+}
+
 TEST_F(OfficeProcesses, CancelledInAJob)
 {
     const qint64 office = Office();
