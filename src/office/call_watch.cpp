@@ -3,12 +3,6 @@
 #include <csignal>
 #include <utility>
 
-namespace {
-
-constexpr std::chrono::seconds kAnswerLimit(60);
-
-} // namespace
-
 CallWatch::CallWatch() : m_thread([this] { Watch(); }) {}
 
 CallWatch::~CallWatch()
@@ -51,12 +45,12 @@ void CallWatch::ThrowIfStopped() const
         throw SpreadsheetError{SpreadsheetError::Kind::Stopped, "LibreOffice长时间没有响应，已被结束，请重新操作！"};
 }
 
-CallWatch::Limit::Limit(CallWatch& watched) : watch(watched)
+CallWatch::Limit::Limit(CallWatch& watched, std::chrono::seconds time) : watch(watched)
 {
     watch.ThrowIfStopped();
     {
         const std::lock_guard lock(watch.m_mutex);
-        watch.m_deadline = Clock::now() + kAnswerLimit;
+        watch.m_deadline = Clock::now() + time;
     }
     watch.m_changed.notify_one();
 }

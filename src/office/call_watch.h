@@ -15,6 +15,9 @@
 class CallWatch
 {
 public:
+    /// A sheet of 5,000 rows comes in far less.
+    static constexpr std::chrono::seconds kWorkLimit{60};
+
     CallWatch();
     ~CallWatch();
     CallWatch(const CallWatch&) = delete;
@@ -31,11 +34,12 @@ public:
     void ThrowIfStopped() const;
 
     /// @param failure  what it means when LibreOffice refuses
+    /// @param time     after which an office without an answer is ended
     /// @return what the action returns. Throws SpreadsheetError.
     template <class Action>
-    auto Call(const SpreadsheetError& failure, const Action& action)
+    auto Call(const SpreadsheetError& failure, const Action& action, std::chrono::seconds time = kWorkLimit)
     {
-        const Limit limit(*this);
+        const Limit limit(*this, time);
         try {
             return action();
         } catch (const com::sun::star::lang::DisposedException&) {
@@ -57,7 +61,7 @@ private:
 
     struct Limit
     {
-        explicit Limit(CallWatch& watched);
+        Limit(CallWatch& watched, std::chrono::seconds time);
         ~Limit();
         CallWatch& watch;
     };

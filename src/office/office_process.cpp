@@ -20,7 +20,8 @@ namespace {
 
 constexpr int kMostStarts = 3;
 constexpr int kAsksForNewStart[] = {79, 81}; // exit codes of one that has just filled its profile
-constexpr std::chrono::milliseconds kQuitTime(3000);
+constexpr std::chrono::seconds kAskTime(5);  // an office without work answers at once
+constexpr std::chrono::seconds kQuitTime(3);
 constexpr std::chrono::milliseconds kBetweenTries(10);
 
 SpreadsheetError StartFailure()
@@ -104,8 +105,9 @@ OfficeProcess::OfficeProcess(const LocalUno& local, CallWatch& watch) : m_watch(
 
 OfficeProcess::~OfficeProcess()
 {
+    const auto quit = [&] { m_desktop->terminate(); };
     try {
-        m_watch.Call(StartFailure(), [&] { m_desktop->terminate(); });
+        m_watch.Call(StartFailure(), quit, kQuitTime);
         for (auto waited = kBetweenTries; isAlive() && waited < kQuitTime; waited += kBetweenTries)
             std::this_thread::sleep_for(kBetweenTries);
     } catch (const SpreadsheetError&) {
@@ -116,8 +118,9 @@ OfficeProcess::~OfficeProcess()
 
 bool OfficeProcess::Answers() const
 {
+    const auto ask = [&] { return m_desktop->getFrames().is(); };
     try {
-        return isAlive() && m_watch.Call(StartFailure(), [&] { return m_desktop->getFrames().is(); });
+        return isAlive() && m_watch.Call(StartFailure(), ask, kAskTime);
     } catch (const SpreadsheetError&) {
         return false;
     }

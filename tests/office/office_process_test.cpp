@@ -91,6 +91,22 @@ TEST_F(OfficeProcesses, KilledInAJob)
     EXPECT_EQ(TemporaryFiles(), QStringList());
 }
 
+TEST_F(OfficeProcesses, OneThatHangsIsEnded)
+{
+    const qint64 office = Office();
+    kill(pid_t(office), SIGSTOP);
+    const auto error = ErrorOf([](SpreadsheetApplication& application) { application.Create(); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->kind, Kind::Stopped);
+    ExpectWorks();
+
+    const qint64 next = Office();
+    kill(pid_t(next), SIGSTOP);
+    m_host.reset();
+    EXPECT_FALSE(IsRunning(office));
+    EXPECT_FALSE(IsRunning(next));
+}
+
 TEST_F(OfficeProcesses, AWriteToAnEndedOfficeDoesNotEndTheProgram)
 {
     ExpectWorks();
