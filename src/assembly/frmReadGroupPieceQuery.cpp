@@ -62,10 +62,7 @@ void frmReadGroupPieceQuery::BuildCommands(QToolBar& bar, QMenuBar& menus)
         auto* const action = new QAction(ToolbarIcon(QString(name)), caption, this);
         action->setObjectName(name);
         to->addAction(action);
-        if (run)
-            connect(action, &QAction::triggered, this, run);
-        else
-            action->setEnabled(false); // its work is not there yet
+        connect(action, &QAction::triggered, this, run);
     };
     add(&bar, "ToolOK", "套用", &Query::TakePattern);
     add(&bar, "ToolOldBill", "原单", &Query::OpenOldBill);

@@ -56,7 +56,8 @@ void AddTemplate(QMainWindow& window, QMenu* menu, const QString& name, const QS
 
 void AddKeyEntry(QMainWindow& window, QMenu* menu, const BillKey& key)
 {
-    QAction* const entry = NewAction(window, key.menuEntry, key.tip);
+    // The key itself belongs to the toolbar's action: here it is only said.
+    QAction* const entry = NewAction(window, key.menuEntry, QString(key.tip) + "\t" + key.shortcut);
     QObject::connect(entry, &QAction::triggered, window.findChild<QAction*>(key.control), &QAction::trigger);
     menu->addAction(entry);
 }

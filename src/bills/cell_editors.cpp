@@ -233,52 +233,10 @@ void CellEditors::EnterText()
         Move(1, 0);
 }
 
-bool CellEditors::TextKey(QKeyEvent* key)
-{
-    const bool listShown = m_dropList->isVisible();
-    if (!key->text().isEmpty())
-        m_dropList->hide();
-    switch (key->key()) {
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-        if (!IsPlain(*key))
-            return false;
-        if (listShown)
-            m_dropList->hide();
-        else
-            Move(key->key() == Qt::Key_Right ? 1 : -1, 0);
-        return true;
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-        if (listShown)
-            m_dropList->TakeFocus();
-        else
-            Move(0, key->key() == Qt::Key_Down ? 1 : -1);
-        return true;
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-        StepToColumn(key->key() == Qt::Key_Tab ? 1 : -1);
-        return true;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        EnterText();
-        return true;
-    case Qt::Key_Escape:
-        LeaveToGrid();
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool CellEditors::UnitKey(QKeyEvent* key)
+/// The keys that leave an editor for another cell or the grid.
+bool CellEditors::LeavingKey(QKeyEvent* key)
 {
     switch (key->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        TakeUnit(m_units->currentText());
-        Move(1, 0);
-        return true;
     case Qt::Key_Left:
     case Qt::Key_Right:
         if (!IsPlain(*key))
@@ -295,6 +253,43 @@ bool CellEditors::UnitKey(QKeyEvent* key)
     default:
         return false;
     }
+}
+
+bool CellEditors::TextKey(QKeyEvent* key)
+{
+    const bool listShown = m_dropList->isVisible();
+    if (!key->text().isEmpty())
+        m_dropList->hide();
+    switch (key->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        if (!listShown || !IsPlain(*key))
+            return LeavingKey(key);
+        m_dropList->hide();
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        if (listShown)
+            m_dropList->TakeFocus();
+        else
+            Move(0, key->key() == Qt::Key_Down ? 1 : -1);
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        EnterText();
+        return true;
+    default:
+        return LeavingKey(key);
+    }
+}
+
+bool CellEditors::UnitKey(QKeyEvent* key)
+{
+    if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter)
+        return LeavingKey(key);
+    TakeUnit(m_units->currentText());
+    Move(1, 0);
+    return true;
 }
 
 /// On the grid itself a character opens the editor and begins its text anew; F2 opens it as it is.

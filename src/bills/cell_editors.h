@@ -48,6 +48,7 @@ private:
     void Choose(const QString& code);
 
     void FollowFocus(const QObject* watched, const QFocusEvent& focus);
+    bool LeavingKey(QKeyEvent* key);
     bool TextKey(QKeyEvent* key);
     bool UnitKey(QKeyEvent* key);
     bool GridKey(QKeyEvent* key);

@@ -97,7 +97,7 @@ std::vector<qint64> OfficesOf(qint64 parent)
 
 bool Becomes(const std::function<bool()>& condition)
 {
-    for (int tries = 0; tries < 200; ++tries) {
+    for (int tries = 0; tries < 1200; ++tries) {
         if (condition())
             return true;
         QThread::msleep(50);

@@ -33,7 +33,7 @@ private:
 
 /// The office processes that a process has started.
 std::vector<qint64> OfficesOf(qint64 parent);
-/// Waits for it, ten seconds at most.
+/// Waits for it, a minute at most.
 bool Becomes(const std::function<bool()>& condition);
 bool IsRunning(qint64 process);
 /// The words of a program's output.
