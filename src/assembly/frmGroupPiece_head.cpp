@@ -68,6 +68,20 @@ QGridLayout* NewHeadGrid(QWidget* frame)
     return grid;
 }
 
+/// With a large font two columns are wider than the others: captions of options cannot be scrolled, and the code of a
+/// bill is to be seen whole.
+void WidenColumns(const QWidget& fields, const QWidget& provided)
+{
+    auto* const code = fields.findChild<QLineEdit*>("TxtBillCode");
+    code->setMinimumWidth(code->fontMetrics().horizontalAdvance("ZZD202300000000") + kMargin);
+    auto* const grid = static_cast<QGridLayout*>(fields.layout());
+    for (const int column : {0, 1}) {
+        const int width = grid->itemAtPosition(0, column)->widget()->minimumSizeHint().width();
+        grid->setColumnMinimumWidth(column, width);
+        static_cast<QGridLayout*>(provided.layout())->setColumnMinimumWidth(column, width);
+    }
+}
+
 } // namespace
 
 QWidget* frmGroupPiece::MakeHead()
@@ -88,10 +102,7 @@ QWidget* frmGroupPiece::MakeHead()
     QWidget* const provided = MakeFrameProvide();
     layout->addWidget(provided);
     layout->addWidget(MakeLineBand());
-    // Captions of options are not scrolled like the text of a box: with a large font their column is the widest.
-    const int options = grid->itemAtPosition(0, 0)->widget()->minimumSizeHint().width();
-    for (QWidget* const frame : {fields, provided})
-        static_cast<QGridLayout*>(frame->layout())->setColumnMinimumWidth(0, options);
+    WidenColumns(*fields, *provided);
     return head;
 }
 

@@ -74,7 +74,7 @@ QAction* AddKey(QMainWindow& window, QToolBar& toolbar, const BillKey& key, QAct
     auto* const button = qobject_cast<QToolButton*>(toolbar.widgetForAction(action));
     button->setObjectName(key.control);
     button->setFocusPolicy(Qt::NoFocus);
-    button->setMinimumWidth(window.fontMetrics().horizontalAdvance("反审核") + 18);
+    button->setMinimumWidth(window.fontMetrics().horizontalAdvance("审核") + 22);
     return action;
 }
 

@@ -9,7 +9,6 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <QUrl>
-#include <QUuid>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -58,6 +57,49 @@ QString OwnPipeName(const QString& folder)
     return name;
 }
 
+QString TemporaryFolderOf(const QString& profile)
+{
+    return profile + "/tmp";
+}
+
+QString PipeFileOf(const QString& profile)
+{
+    return profile + "/pipe";
+}
+
+/// What the process that had the profile last leaves when it is killed.
+void RemoveLeftoversOf(const QString& profile)
+{
+    QFile pipe(PipeFileOf(profile));
+    if (pipe.open(QIODevice::ReadOnly))
+        RemoveSocket(pipe.readAll());
+    RemoveSocket(OwnPipeName(profile));
+    QDir(TemporaryFolderOf(profile)).removeRecursively();
+}
+
+/// @return the lock of a profile, -1 where another process has it
+int LockOf(const QString& profile, int flags)
+{
+    const int lock = open(QFile::encodeName(profile + ".lock").constData(), O_RDWR | O_CREAT | flags, 0600);
+    if (lock >= 0 && flock(lock, LOCK_EX | LOCK_NB) == 0)
+        return lock;
+    if (lock >= 0)
+        close(lock);
+    return -1;
+}
+
+/// Profiles that nobody has taken since their processes were killed.
+void SweepFreeProfiles(const QString& pool)
+{
+    for (const QFileInfo& profile : QDir(pool).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const int lock = LockOf(profile.filePath(), O_CLOEXEC);
+        if (lock < 0)
+            continue;
+        RemoveLeftoversOf(profile.filePath());
+        close(lock);
+    }
+}
+
 SpreadsheetError CannotStart(const QString& why)
 {
     return {SpreadsheetError::Kind::Stopped, "LibreOffice不能启动：" + why};
@@ -67,9 +109,14 @@ SpreadsheetError CannotStart(const QString& why)
 
 OfficeProfile::OfficeProfile(Use use) : m_use(use)
 {
-    const QString name = PoolFolder() + (use == Use::Jobs ? "/jobs" : "/window");
-    for (int number = 1; m_lock < 0 && number <= kMostProfiles; ++number)
-        Take(name + QString::number(number));
+    const QString pool = PoolFolder();
+    SweepFreeProfiles(pool);
+    // A user's window is the last process started while this is open; of the others only the office gets the lock.
+    const int flags = use == Use::Window ? 0 : O_CLOEXEC;
+    for (int number = 1; m_lock < 0 && number <= kMostProfiles; ++number) {
+        m_folder = pool + (use == Use::Jobs ? "/jobs" : "/window") + QString::number(number);
+        m_lock = LockOf(m_folder, flags);
+    }
     if (m_lock < 0)
         throw CannotStart("打开的窗口太多！");
     if (!Furnish()) {
@@ -80,12 +127,7 @@ OfficeProfile::OfficeProfile(Use use) : m_use(use)
 
 bool OfficeProfile::Furnish()
 {
-    QFile pipe(m_folder + "/pipe"); // of the process that had the profile last
-    if (pipe.open(QIODevice::ReadOnly))
-        m_pipeName = pipe.readAll();
-    pipe.close();
-    RemoveLeftovers();
-    m_pipeName = "warehouse_" + QUuid::createUuid().toString(QUuid::Id128);
+    QFile pipe(PipeFileOf(m_folder));
     const bool isNew = QFileInfo(m_folder + "/user/registrymodifications.xcu").size() == 0;
     return QDir().mkpath(temporaryFolder()) && pipe.open(QIODevice::WriteOnly) &&
            pipe.write(m_pipeName.toLatin1()) == m_pipeName.size() &&
@@ -95,22 +137,6 @@ bool OfficeProfile::Furnish()
 OfficeProfile::~OfficeProfile()
 {
     close(m_lock);
-}
-
-bool OfficeProfile::Take(const QString& name)
-{
-    // A user's window is the last process started while this is open; of the others only the office gets the lock.
-    const int flags = O_RDWR | O_CREAT | (m_use == Use::Window ? 0 : O_CLOEXEC);
-    const int lock = open(QFile::encodeName(name + ".lock").constData(), flags, 0600);
-    if (lock < 0)
-        return false;
-    if (flock(lock, LOCK_EX | LOCK_NB) != 0) {
-        close(lock);
-        return false;
-    }
-    m_folder = name;
-    m_lock = lock;
-    return true;
 }
 
 void OfficeProfile::Prepare(QProcess& process, const QStringList& options,
@@ -144,9 +170,12 @@ void OfficeProfile::Reset()
     WriteProfileSettings(m_folder, m_use);
 }
 
+QString OfficeProfile::temporaryFolder() const
+{
+    return TemporaryFolderOf(m_folder);
+}
+
 void OfficeProfile::RemoveLeftovers() const
 {
-    RemoveSocket(m_pipeName);
-    RemoveSocket(OwnPipeName(m_folder));
-    QDir(temporaryFolder()).removeRecursively();
+    RemoveLeftoversOf(m_folder);
 }

@@ -5,6 +5,7 @@
 
 #include <QProcess>
 #include <QString>
+#include <QUuid>
 #include <functional>
 
 inline const QString kOfficeFolder = LO_PROGRAM_FOLDER;
@@ -18,14 +19,14 @@ public:
         Window, // of the user: keeps what the user changes
     };
 
-    /// Takes a free one, without what a crashed process left in it. Throws SpreadsheetError.
+    /// Takes a free one, and removes what killed processes left in the free ones. Throws SpreadsheetError.
     explicit OfficeProfile(Use use);
     ~OfficeProfile();
     OfficeProfile(const OfficeProfile&) = delete;
     OfficeProfile& operator=(const OfficeProfile&) = delete;
 
     /// Removed, with all that is in it, when the profile is taken next.
-    QString temporaryFolder() const { return m_folder + "/tmp"; }
+    QString temporaryFolder() const;
     /// By which the process is reached: told to nobody else.
     const QString& pipeName() const { return m_pipeName; }
     /// A process with this profile, ready to start; it takes over the lock.
@@ -37,11 +38,10 @@ public:
     void RemoveLeftovers() const;
 
 private:
-    bool Take(const QString& name);
     bool Furnish();
 
     QString m_folder;
-    QString m_pipeName;
+    const QString m_pipeName = "warehouse_" + QUuid::createUuid().toString(QUuid::Id128);
     Use m_use;
     int m_lock = -1;
 };

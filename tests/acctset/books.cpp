@@ -51,17 +51,20 @@ std::vector<Source> Sources()
     };
 }
 
+/// Four columns: good, warehouse, attribute, batch.
+Place PlaceOf(const Recordset& rows, int row, int first)
+{
+    const auto text = [&](int column) { return TextOf(rows.at(row, first + column)); };
+    return {text(0), text(1), text(2), text(3)};
+}
+
 std::map<Place, Heap> TurnRows(Store& store, const Sql& condition)
 {
     const Recordset rows = store.Run(
         Sql("select WareCode,WarehouseCode,AttributeCode,PCode,Amount,Cost from TabWarehouseTurn where ") + condition);
     std::map<Place, Heap> heaps;
-    for (int row = 0; row < rows.size(); ++row) {
-        Heap& heap = heaps[{rows.Text("WareCode", row), rows.Text("WarehouseCode", row),
-                            rows.Text("AttributeCode", row), rows.Text("PCode", row)}];
-        heap.amount += rows.Number("Amount", row);
-        heap.money += rows.Number("Cost", row);
-    }
+    for (int row = 0; row < rows.size(); ++row)
+        heaps[PlaceOf(rows, row, 0)] += {rows.Number("Amount", row), rows.Number("Cost", row)};
     return heaps;
 }
 
@@ -88,20 +91,25 @@ const QString& DemoFile()
     return path;
 }
 
+QString OwnDemo(const QTemporaryDir& folder)
+{
+    const QString path = folder.filePath("own.db");
+    CopySqliteFile(DemoFile(), path);
+    return path;
+}
+
 std::vector<Movement> MovementsOf(Store& store)
 {
     std::vector<Movement> movements;
     for (const auto& [statement, sign] : Sources()) {
         const Recordset rows = store.Run(Sql(statement.toUtf8().constData()));
         for (int row = 0; row < rows.size(); ++row)
-            movements.push_back(
-                {TextOf(rows.at(row, 0)),
-                 TextOf(rows.at(row, 1)),
-                 {TextOf(rows.at(row, 2)), TextOf(rows.at(row, 3)), TextOf(rows.at(row, 4)), TextOf(rows.at(row, 5))},
-                 {sign * NumberOf(rows.at(row, 6)), sign * NumberOf(rows.at(row, 7))}});
+            movements.push_back({TextOf(rows.at(row, 0)),
+                                 TextOf(rows.at(row, 1)),
+                                 PlaceOf(rows, row, 2),
+                                 {sign * NumberOf(rows.at(row, 6)), sign * NumberOf(rows.at(row, 7))}});
     }
-    std::sort(movements.begin(), movements.end(),
-              [](const Movement& a, const Movement& b) { return a.moment < b.moment; });
+    std::ranges::sort(movements, {}, &Movement::moment);
     return movements;
 }
 

@@ -19,6 +19,8 @@ Outcome RunAcctset(const QStringList& arguments);
 
 /// The demonstration account set, made once for all tests; nobody writes into it.
 const QString& DemoFile();
+/// A copy of it for a test that writes.
+QString OwnDemo(const QTemporaryDir& folder);
 
 /// A good as it lies somewhere: code, warehouse, attribute, batch.
 using Place = std::tuple<QString, QString, QString, QString>;
@@ -27,6 +29,13 @@ struct Heap
 {
     double amount = 0;
     double money = 0;
+
+    Heap& operator+=(const Heap& other)
+    {
+        amount += other.amount;
+        money += other.money;
+        return *this;
+    }
 };
 
 /// A line as it moves stock, in the order of its moment.

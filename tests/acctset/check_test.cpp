@@ -12,8 +12,7 @@ namespace {
 Outcome CheckPlanted(const QStringList& statements)
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath("planted.db");
-    CopySqliteFile(DemoFile(), path);
+    const QString path = OwnDemo(folder);
     const auto store = OpenSqliteFile(path);
     for (const QString& statement : statements)
         store->Run(Sql(statement.toUtf8().constData()));

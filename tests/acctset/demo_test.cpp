@@ -1,16 +1,11 @@
-// The figures of made-up account sets: stock never runs out, snapshots say what the bills add up to, and the costs on
-// the lines are those that the engine answers.
+// The figures of made-up account sets: stock never runs out, and snapshots say what the bills add up to. That the costs
+// on their lines are those that the engine answers, check_test.cpp sees.
 
 #include "acctset/books.h"
 
-#include "base/number_text.h"
-#include "commands.h"
 #include "data/schema.h"
-#include "stock/balance.h"
-#include "stock/unit_cost.h"
 #include "support/test_program.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
@@ -32,18 +27,12 @@ QStringList Shortfalls(Store& store, const QStringList& closes)
         while (closed < closes.size() && movement.day > closes[closed])
             compare(closes[closed++]);
         Heap& heap = heaps[movement.place];
-        heap.amount += movement.change.amount;
-        heap.money += movement.change.money;
+        heap += movement.change;
         if (heap.amount < -1e-9)
             shortfalls += movement.moment + ' ' + std::get<0>(movement.place);
     }
     EXPECT_EQ(closed, closes.size());
     return shortfalls;
-}
-
-Dimensions DimensionsOf(const Recordset& rows, int row)
-{
-    return {rows.Text("AttributeCode", row), rows.Text("WareSpec", row), "", "", rows.Text("PCode", row)};
 }
 
 qint64 CountOf(Store& store, const QString& table)
@@ -105,44 +94,11 @@ TEST(Demo, BarcodesCarryTheirCheckDigit)
 
 TEST(Demo, StockNeverRunsOutAndTheSnapshotIsTheWalk)
 {
-    const auto store = OpenSqliteFile(DemoFile());
-    EXPECT_EQ(Shortfalls(*store, {"2023-06-30"}), QStringList());
+    EXPECT_EQ(Shortfalls(*OpenSqliteFile(DemoFile()), {"2023-06-30"}), QStringList());
 }
 
-TEST(Demo, LinesThatLeaveCarryTheCostOfTheirMoment)
-{
-    OpenedAccountSet set(DemoFile());
-    for (const char* table : {"TabOutBillInf", "TabSamePriceMoveInf", "TabCheckLoseInf", "TabCheckOverInf"}) {
-        const Recordset lines = OpenQuery(set.program, Sql("select * from ") + Name(table));
-        for (int row = 0; row < lines.size(); ++row) {
-            const double cost = GetUnitCost(set.program, {.moment = *lines.MomentAt("DateTimee", row),
-                                                          .wareCode = lines.Text("WareCode", row),
-                                                          .dimensions = DimensionsOf(lines, row)});
-            ASSERT_DOUBLE_EQ(lines.Number("AveragePrice", row), cost)
-                << table << ' ' << lines.Text("BillCode", row).toStdString();
-        }
-    }
-}
-
-/// Asked again when the day is over, the average is that of the day's last delivery.
-TEST(Demo, DeliveriesCarryTheAverageOfTheirDay)
-{
-    OpenedAccountSet set(DemoFile());
-    const Recordset lines = OpenQuery(set.program, Sql("select * from TabInBillInf where Datee>'2023-06-30'"));
-    int same = 0;
-    for (int row = 0; row < lines.size(); ++row) {
-        const double cost = GetUnitCost(set.program, {.moment = *lines.MomentAt("DateTimee", row),
-                                                      .wareCode = lines.Text("WareCode", row),
-                                                      .addsValue = true,
-                                                      .dimensions = DimensionsOf(lines, row)});
-        same += std::abs(lines.Number("AveragePrice", row) - cost) < 0.00006 ? 1 : 0;
-    }
-    // A good given back or revalued later that day has another average by its evening.
-    EXPECT_GE(same, lines.size() - 5);
-    EXPECT_GT(lines.size(), 50);
-}
-
-TEST(Demo, AssembliesAndDisassembliesBalance)
+/// Whether the two sides of a voucher agree is a matter of "acctset check".
+TEST(Demo, AssembliesBalanceAndEachHasItsVoucher)
 {
     const auto store = OpenSqliteFile(DemoFile());
     const Recordset off =
@@ -151,42 +107,10 @@ TEST(Demo, AssembliesAndDisassembliesBalance)
                        "select Code from TabWarePiece where abs(SumMoney+Fee-"
                        "(select sum(Moneyy) from TabWarePieceInf where BillCode=Code))>0.0000001"));
     EXPECT_TRUE(off.isEmpty()) << off.Text("Code").toStdString();
-}
-
-TEST(Demo, EveryAssemblyHasItsVoucherAndTheRowsBalance)
-{
-    const auto store = OpenSqliteFile(DemoFile());
     EXPECT_EQ(CountOf(*store, "TabWarrant"), CountOf(*store, "TabWareGroup") + CountOf(*store, "TabWarePiece"));
-    const Recordset sums = store->Run(Sql("select sum(Debtor) as Debit,sum(Lender) as Credit,count(*) as Lines "
-                                          "from TabWarrantInf group by BillCode"));
-    for (int row = 0; row < sums.size(); ++row) {
-        EXPECT_NEAR(sums.Number("Debit", row), sums.Number("Credit", row), 0.0001);
-        EXPECT_GE(sums.Integer("Lines", row), 3);
-    }
+    EXPECT_TRUE(store->Run(Sql("select BillCode from TabWarrantInf group by BillCode having count(*)<3")).isEmpty());
     EXPECT_EQ(store->Run(Sql("select distinct State from TabWarrant order by State")).size(), 2);
     EXPECT_EQ(store->Run(Sql("select DateeM from TabWriteAccountant where State='已结账'")).size(), 6);
-}
-
-TEST(Demo, TheEngineCountsTheSameStock)
-{
-    OpenedAccountSet set(DemoFile());
-    std::map<Place, Heap> heaps = OpeningOf(*OpenSqliteFile(DemoFile()));
-    for (const Movement& movement : MovementsOf(*OpenSqliteFile(DemoFile()))) {
-        heaps[movement.place].amount += movement.change.amount;
-        heaps[movement.place].money += movement.change.money;
-    }
-    std::map<std::pair<QString, QString>, Heap> goods;
-    for (const auto& [place, heap] : heaps) {
-        Heap& sum = goods[{std::get<0>(place), std::get<1>(place)}];
-        sum.amount += heap.amount;
-        sum.money += heap.money;
-    }
-    for (const auto& [good, heap] : goods) {
-        const TogatherData stock = GetStockBalance(
-            set.program, {.warehouse = good.second, .wareCode = good.first, .asOf = {QDate(2023, 12, 31), 0}});
-        ASSERT_NEAR(stock.ShownAmount, heap.amount, 0.0051) << good.first.toStdString();
-        ASSERT_NEAR(stock.ShownMoney.toDouble(), heap.money, 0.0051) << good.first.toStdString();
-    }
 }
 
 TEST(Generate, MakesSoManyLinesAndGoodsOfSkewedTradeWithoutShortfall)

@@ -11,8 +11,6 @@ namespace {
 /// A copy of the demonstration account set that bills are posted into.
 struct PostTest : testing::Test
 {
-    PostTest() { EXPECT_TRUE(QFile::copy(DemoFile(), file)); }
-
     Outcome Post(const QByteArray& bill)
     {
         QFile json(folder.filePath("bill.json"));
@@ -24,6 +22,12 @@ struct PostTest : testing::Test
         return outcome;
     }
 
+    /// The bill of the last answer as it is stored.
+    QJsonDocument Shown(const QString& bill) const
+    {
+        return QJsonDocument::fromJson(RunAcctset({"show", file, bill, answer["code"].toString()}).out.toUtf8());
+    }
+
     QStringList Boxes() const
     {
         QStringList texts;
@@ -33,7 +37,7 @@ struct PostTest : testing::Test
     }
 
     QTemporaryDir folder;
-    QString file = folder.filePath("set.db");
+    QString file = OwnDemo(folder);
     QJsonObject answer;
 };
 
@@ -69,8 +73,7 @@ TEST_F(PostTest, AssembliesTakeTheirProductAndShowTheirVoucher)
     Outcome outcome = Post(R"({"bill":"商品组装单",)" + head + R"(},"lines":[{)" + part + "}]}");
     EXPECT_EQ(outcome.exitCode, 0) << outcome.error.toStdString();
     EXPECT_EQ(Boxes(), QStringList("保存成功！"));
-    outcome = RunAcctset({"show", file, "商品组装单", answer["code"].toString()});
-    QJsonDocument shown = QJsonDocument::fromJson(outcome.out.toUtf8());
+    const QJsonDocument shown = Shown("商品组装单");
     EXPECT_EQ(shown["head"]["SumMoney"], 30);
     EXPECT_EQ(shown["head"]["Cost"], 15);
     EXPECT_EQ(shown["lines"][0]["Moneyy"], 20);
@@ -86,11 +89,9 @@ TEST_F(PostTest, AssembliesTakeTheirProductAndShowTheirVoucher)
     outcome = Post(R"({"bill":"商品拆卸单","jxc":true,)" + head +
                    R"(,"TxtCost":"15"},"lines":[{"商品编号":"010101001","数量":"4","成本价":"10"}]})");
     EXPECT_EQ(outcome.exitCode, 0);
-    outcome = RunAcctset({"show", file, "商品拆卸单", answer["code"].toString()});
-    EXPECT_TRUE(QJsonDocument::fromJson(outcome.out.toUtf8())["voucher"].isNull());
+    EXPECT_TRUE(Shown("商品拆卸单")["voucher"].isNull());
     EXPECT_EQ(Post(R"({"bill":"商品组装单",)" + head + R"(,"ChAutoChen":true},"lines":[{)" + part + "}]}").exitCode, 0);
-    outcome = RunAcctset({"show", file, "商品组装单", answer["code"].toString()});
-    EXPECT_EQ(QJsonDocument::fromJson(outcome.out.toUtf8())["lines"][0]["Amount"], 8);
+    EXPECT_EQ(Shown("商品组装单")["lines"][0]["Amount"], 8);
 }
 
 TEST_F(PostTest, RefusalsExitWithOneAndWrongUseWithTwo)

@@ -3,9 +3,8 @@
 #include "acctset/books.h"
 
 #include "data/bill_kinds.h"
-#include "data/lookups.h"
-#include "support/test_program.h"
 
+#include <QDir>
 #include <gtest/gtest.h>
 
 namespace {
@@ -28,26 +27,24 @@ QStringList StoredTemplates(Store& store, const QString& group)
 
 } // namespace
 
-TEST(PrintTemplates, EveryAccountSetHoldsTheThreeFormsOfEachBill)
+TEST(PrintTemplates, EveryAccountSetHoldsTheThreeFormsOfEachBillAndTheDemoTwoOfItsOwn)
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath("empty.db");
+    const QString path = folder.filePath("新账套.db");
     ASSERT_EQ(RunAcctset({"create", path}).exitCode, 0);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).filter(".new"), QStringList());
     const auto store = OpenSqliteFile(path);
+    EXPECT_TRUE(store->Run(Sql("select * from TabWare")).isEmpty());
+    EXPECT_EQ(store->Run(Sql("select count(*) as n from TabExcelTable")).Integer("n"), 18);
     QStringList expected;
     for (const char* name : {"SP-CXSP", "SP-PDBS", "SP-PDBY", "SP-SPTJ", "SP-TJDB", "SP-ZZSP"})
         for (const char* form : {"-TXM-S.xls", "-TXM-T.xls", ".xls"})
             expected += QString(name) + form;
-    EXPECT_EQ(StoredTemplates(*store, "固定模版"), expected);
-    EXPECT_EQ(store->Run(Sql("select count(*) as n from TabExcelTable")).Integer("n"), 18);
     for (const BillKind& kind : BillKinds())
         EXPECT_TRUE(expected.contains(kind.excelTemplate)) << kind.bill.toStdString();
-}
-
-TEST(PrintTemplates, TheMenusOfTheDemoListItsOwn)
-{
-    const auto store = OpenSqliteFile(DemoFile());
-    EXPECT_EQ(StoredTemplates(*store, "同价调拨单"), QStringList("调拨送货单.xls"));
-    EXPECT_EQ(StoredTemplates(*store, "组装拆卸单"), QStringList("组装拆卸作业单.xls"));
-    EXPECT_EQ(StoredTemplates(*store, "固定模版").size(), 18);
+    const auto demo = OpenSqliteFile(DemoFile());
+    for (Store* either : {store.get(), demo.get()})
+        EXPECT_EQ(StoredTemplates(*either, "固定模版"), expected);
+    EXPECT_EQ(StoredTemplates(*demo, "同价调拨单"), QStringList("调拨送货单.xls"));
+    EXPECT_EQ(StoredTemplates(*demo, "组装拆卸单"), QStringList("组装拆卸作业单.xls"));
 }

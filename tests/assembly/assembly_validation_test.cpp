@@ -12,44 +12,30 @@ const QString kLeft = "输入的  唯一码  在系统中曾经出过库，不�
 const QString kThere =
     "输入的  唯一码  在系统中已经存在，不能重复输入唯一码！\r\n请修改保证其在系统中的唯一性后再保存！";
 
-struct AssemblyValidationTest : PieceScreen
-{
-    void OpenWithLine(bool assembles)
-    {
-        Open(assembles);
-        AddLine("A001", {});
-        if (assembles)
-            return;
-        TypeAndLeave("TxtCost", "10");
-    }
-};
+using AssemblyValidationTest = PieceScreen;
 
 TEST_F(AssemblyValidationTest, TheFirstMissingPieceOfTheHeadIsSaid)
 {
+    const QString noLeaf = "名称不正确（原因：名称不存在或不是处于最末级），请重新选择！";
     const struct
     {
         QString GroupPieceText::*text;
         const char* value;
-        const char* assembly;
-        const char* disassembly;
+        QString refusal; // %1 is what the mode does
     } cases[] = {
-        {&GroupPieceText::TxtWarehouseNameF, "", "发出仓库不能为空！", "发出仓库不能为空！"},
-        {&GroupPieceText::TxtWarehouseCodeF, "1",
-         "发出仓库名称不正确（原因：名称不存在或不是处于最末级），请重新选择！",
-         "发出仓库名称不正确（原因：名称不存在或不是处于最末级），请重新选择！"},
-        {&GroupPieceText::TxtWarehouseNameS, "", "收存仓库不能为空！", "收存仓库不能为空！"},
-        {&GroupPieceText::TxtWarehouseCodeS, "9",
-         "收存仓库名称不正确（原因：名称不存在或不是处于最末级），请重新选择！",
-         "收存仓库名称不正确（原因：名称不存在或不是处于最末级），请重新选择！"},
-        {&GroupPieceText::TxtWareName, " ", "组装商品名不能为空！", "拆卸商品名不能为空！"},
-        {&GroupPieceText::TxtAmount, "0", "组装数量不能为空！", "拆卸数量不能为空！"},
-        {&GroupPieceText::TxtAmount, "", "组装数量不能为空！", "拆卸数量不能为空！"},
+        {&GroupPieceText::TxtWarehouseNameF, "", "发出仓库不能为空！"},
+        {&GroupPieceText::TxtWarehouseCodeF, "1", "发出仓库" + noLeaf},
+        {&GroupPieceText::TxtWarehouseNameS, "", "收存仓库不能为空！"},
+        {&GroupPieceText::TxtWarehouseCodeS, "9", "收存仓库" + noLeaf},
+        {&GroupPieceText::TxtWareName, " ", "%1商品名不能为空！"},
+        {&GroupPieceText::TxtAmount, "0", "%1数量不能为空！"},
+        {&GroupPieceText::TxtAmount, "", "%1数量不能为空！"},
     };
     for (const bool assembles : {true, false}) {
         for (const auto& c : cases) {
-            OpenWithLine(assembles);
+            OpenWith(assembles);
             bill.*c.text = c.value;
-            EXPECT_EQ(Save(), QStringList(assembles ? c.assembly : c.disassembly));
+            EXPECT_EQ(Save(), QStringList(QString(c.refusal).replace("%1", assembles ? "组装" : "拆卸")));
             EXPECT_EQ(bill.TxtBillCode, "");
         }
     }
@@ -57,7 +43,7 @@ TEST_F(AssemblyValidationTest, TheFirstMissingPieceOfTheHeadIsSaid)
 
 TEST_F(AssemblyValidationTest, RightDayCurrencyAndAttachedDates)
 {
-    OpenWithLine(true);
+    OpenWith(true);
     bill.TxtSCDate = "2023-02-30";
     EXPECT_EQ(Save(), QStringList("附属信息中输入的 生产日期 输入格式不正确！" + kDateEnd));
     bill.TxtSCDate = "2023-2-3";
@@ -76,16 +62,13 @@ TEST_F(AssemblyValidationTest, RightDayCurrencyAndAttachedDates)
 TEST_F(AssemblyValidationTest, AnAssemblyTestsItsUnitsAndADisassemblyItsQuantityTwice)
 {
     // No settings, or stock below zero allowed: no test.
-    OpenWithLine(true);
-    Type(1, "数量", "1000");
+    OpenWith(true, {{"数量", "1000"}});
     EXPECT_EQ(Save(), QStringList(kPassed));
     test.Insert("TabSysSet", {{"IsZero", 0}});
-    Open(true);
-    AddLine("B001", {{"数量", "5"}});
+    OpenWith(true, {{"数量", "5"}}, "B001");
     EXPECT_EQ(Save(), QStringList(kPassed));
     // Five of them are gone now: below zero.
-    Open(true);
-    AddLine("B001", {});
+    OpenWith(true, {}, "B001");
     EXPECT_EQ(Save(), QStringList({"库存数量不足！截至 2023-02-08 时，主仓 中库存量为-5，因此最多只能开出 0，请调整！",
                                    "请检查列表中第  1 行！"}));
 
@@ -101,26 +84,22 @@ TEST_F(AssemblyValidationTest, AnAssemblyTestsItsUnitsAndADisassemblyItsQuantity
 
 TEST_F(AssemblyValidationTest, AnEmptyCostIsAskedForAndZeroIsNot)
 {
-    Open(false);
-    AddLine("B001", {});
+    OpenWith(false, {}, "B001");
     bill.TxtCost.clear();
     EXPECT_EQ(Save(), QStringList("允许零成本吗？"));
     test.prompt.answers = {true};
     EXPECT_EQ(Save(), QStringList({"允许零成本吗？", kPassed}));
-    Open(false);
-    AddLine("B001", {});
+    OpenWith(false, {}, "B001");
     bill.TxtCost = "0";
     EXPECT_EQ(Save(), QStringList(kPassed));
 }
 
 TEST_F(AssemblyValidationTest, FiguresBeyondMoneyAreRefused)
 {
-    Open(false);
-    AddLine("B001", {});
+    OpenWith(false, {}, "B001");
     TypeAndLeave("TxtCost", "1000000000000000");
     EXPECT_EQ(Save(), QStringList("合计金额超出系统所能保存的范围，请修改后再保存！"));
-    Open(true);
-    AddLine("B001", {{"成本价", "1000000000000000"}});
+    OpenWith(true, {{"成本价", "1000000000000000"}}, "B001");
     EXPECT_EQ(Save(), QStringList("第 1 行 金额 超出系统所能保存的范围，请修改后再保存！"));
 }
 
@@ -157,14 +136,14 @@ TEST_F(AssemblyValidationTest, ThePieceCodeIsTestedByWhichWayThePieceGoes)
     for (const PieceCase& c : kPieces) {
         SCOPED_TRACE(std::string(c.table) + c.state);
         const QByteArray table = c.table;
-        const bool isHead = table == "TabWareGroup" || table == "TabWarePiece";
         for (const char* good : {"P001", "A001"}) {
-            const Field piece = {"OnlyCode", "U1"};
             if (table == "TabWarehouseTurn")
-                test.Insert(c.table, {piece, {"WareCode", good}});
+                test.Insert(table, {{"OnlyCode", "U1"}, {"WareCode", good}});
             else if (!table.isEmpty())
-                test.Insert(c.table,
-                            {piece, {"WareCode", good}, {"State", c.state}, {isHead ? "Code" : "BillCode", good}});
+                test.Insert(table, {{"OnlyCode", "U1"},
+                                    {"WareCode", good},
+                                    {"State", c.state},
+                                    {table.endsWith("Inf") ? "BillCode" : "Code", good}});
         }
         for (const bool assembles : {true, false}) {
             Open(assembles);
@@ -176,7 +155,7 @@ TEST_F(AssemblyValidationTest, ThePieceCodeIsTestedByWhichWayThePieceGoes)
             CheckBillLines(test.program, bill);
             EXPECT_EQ(test.prompt.TakeTexts(), expected("第 1 行", assembles ? c.assemblyLine : c.disassemblyLine));
         }
-        if (*c.table != '\0')
+        if (!table.isEmpty())
             test.Run(Sql("delete from ") + c.table + " where OnlyCode='U1'");
     }
 }
@@ -194,10 +173,8 @@ TEST_F(AssemblyValidationTest, ABillsOwnRowsDoNotStandInItsWay)
 
 TEST_F(AssemblyValidationTest, ChoosingTheProductAndItsLines)
 {
-    test.program.parameters.OperateType = "商品拆卸";
-    bill = {};
-    LoadGroupPiece(test.program, bill);
-    frm_Initialize(test.program, bill, false);
+    Open(false);
+    NewBill(test.program, bill);
     EXPECT_FALSE(ProductPicker(test.program, bill));
     EXPECT_FALSE(WarehousePrecheck(test.program, bill));
     bill.TxtWarehouseNameF = "主";
@@ -217,10 +194,10 @@ TEST_F(AssemblyValidationTest, ChoosingTheProductAndItsLines)
               QStringList({"A001", "M8", "箱", "1", "10.00", "10.00"}));
     EXPECT_EQ(bill.unitChoices, QStringList({"箱", "个"}));
     EXPECT_EQ(ProductAttributePicker(test.program, bill)->title, "组装或拆卸商品");
-    ChooseProduct(test.program, bill, "P001");
-    EXPECT_FALSE(ProductAttributePicker(test.program, bill));
-    FillTxtWareName(test.program, bill, Sql("select * from TabWare where Code='none'"));
-    EXPECT_EQ(test.prompt.TakeTexts(), QStringList({"套装 没有设置对应属性！", "商品名称不存在，请重新选择！"}));
+    ChooseProduct(test.program, bill, "B001");
+    EXPECT_EQ(bill.unitChoices, QStringList("件"));
+    ChooseProduct(test.program, bill, "none");
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("商品名称不存在，请重新选择！"));
 
     // A price is typed as it stands; another unit asks for it anew.
     AddLine("A001", {});
@@ -230,11 +207,6 @@ TEST_F(AssemblyValidationTest, ChoosingTheProductAndItsLines)
     bill.MSH.currentColumn = 5;
     ChooseUnit(test.program, bill, "个");
     EXPECT_EQ(Cell(1, "成本价"), "10.00");
-
-    SwitchMode(test.program, bill, true);
-    EXPECT_EQ(bill.LabBillName, "商品组装单");
-    EXPECT_EQ(bill.MSH.rows(), 2);
-    EXPECT_EQ(bill.TxtWareName + bill.TxtTotalMoney, "");
 }
 
 } // namespace

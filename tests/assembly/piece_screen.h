@@ -14,14 +14,9 @@ protected:
     explicit PieceScreen(const QString& databaseType = "Access") : ScreenOf(databaseType)
     {
         test.program.parameters.IsJXC = true;
-        test.Insert("TabWare", {{"Code", "P001"},
-                                {"Name", "套装"},
-                                {"Spec", "S"},
-                                {"Unite", "套"},
-                                {"SecondUnite", "盒"},
-                                {"UniteRelation", 4.0},
-                                {"CostStyle", "移动加权平均法"},
-                                {"AmountQueryYN", "是"}});
+        test.Insert("TabWare", {{"Code", "P001"}, {"Name", "套装"}, {"Spec", "S"}, {"UniteRelation", 4.0}});
+        test.Run(Sql("update TabWare set Unite='套',SecondUnite='盒',CostStyle='移动加权平均法',AmountQueryYN='是' "
+                     "where Code='P001'"));
     }
 
     /// A blank bill with warehouses and product.
@@ -34,6 +29,29 @@ protected:
         ChooseWarehouses();
         ChooseProduct(test.program, bill, "P001");
         TypeHead("TxtAmount", amount);
+    }
+
+    /// The same with one good to put in or take out.
+    void OpenWith(bool assembles, std::initializer_list<std::pair<const char*, const char*>> cells = {},
+                  const char* good = "A001")
+    {
+        Open(assembles);
+        AddLine(good, cells);
+    }
+
+    /// A stored assembly of two for 110: ten screws at 10 and a fee of 10.
+    void AddAssembly(const QString& code, const QDate& day, const char* good = "P001")
+    {
+        test.InsertBill("TabWareGroup", {{"Code", code}, {"Datee", day}, {"WareCode", good}},
+                        {{{"WareCode", "A001"}, {"WareName", "螺丝"}}});
+        test.Run(Sql("update TabWareGroup set WareName=") + ("名" + QString(good)) +
+                 ",Unite='套',WarehouseCodeF='101',WarehouseNameF='主仓',WarehouseCodeS='102',WarehouseNameS='分仓',"
+                 "Amount=2,Cost=55,SumMoney=110,Fee=10,Operator='小王',SaleMan='老王',OnlyCode='U1',"
+                 "BillType='商品组装' where Code=" +
+                 code);
+        test.Run(Sql("update TabWareGroupInf set Unite='箱',Amount=10,Price=10,Moneyy=100,Remark='急',PCode='B1' "
+                     "where BillCode=") +
+                 code);
     }
 
     /// Types into a box of the head and stays there.

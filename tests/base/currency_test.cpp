@@ -4,28 +4,16 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <vector>
 
 TEST(Currency, RoundsHalfAwayFromZeroAtFourPlaces)
 {
-    const struct
-    {
-        double value;
-        qint64 units;
-    } cases[] = {
-        {0, 0},
-        {1, 10000},
-        {0.00005, 1},
-        {-0.00005, -1},
-        {0.00004999, 0},
-        {1.00005, 10001},
-        {2.67495, 26750},
-        {0.1 + 0.2, 3000},
-        {1e-300, 0},
-        {12345678901.2345, 123456789012345},
-        {-922337203685477.0, -9223372036854770000},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(Currency::FromDouble(c.value).units(), c.units) << c.value;
+    std::vector<qint64> units;
+    for (const double value : {0.0, 1.0, 0.00005, -0.00005, 0.00004999, 1.00005, 2.67495, 0.1 + 0.2, 1e-300,
+                               12345678901.2345, -922337203685477.0})
+        units.push_back(Currency::FromDouble(value).units());
+    EXPECT_EQ(units,
+              (std::vector<qint64>{0, 10000, 1, -1, 0, 10001, 26750, 3000, 0, 123456789012345, -9223372036854770000}));
 }
 
 TEST(Currency, KnowsItsRange)
@@ -45,11 +33,9 @@ TEST(Currency, KnowsItsRange)
 
 TEST(Currency, ShowsPlainDecimals)
 {
-    for (const auto& [units, text] : {std::pair<qint64, const char*>{0, "0"},
-                                      {125000, "12.5"},
-                                      {-1, "-0.0001"},
-                                      {-10000, "-1"},
-                                      {1000100, "100.01"},
-                                      {9223372036854775807, "922337203685477.5807"}})
+    const std::pair<qint64, const char*> cases[] = {
+        {0, "0"},       {125000, "12.5"},    {-1, "-0.0001"},
+        {-10000, "-1"}, {1000100, "100.01"}, {9223372036854775807, "922337203685477.5807"}};
+    for (const auto& [units, text] : cases)
         EXPECT_EQ(Currency::FromUnits(units).text(), QString(text));
 }

@@ -1,9 +1,27 @@
 #include "base/number_text.h"
 #include "printing.h"
 
+#include <QStringList>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+
+namespace {
+/// The texts of figures as an operation shows them, side by side.
+template <typename Show>
+QString Texts(const Show& show, std::initializer_list<double> values)
+{
+    QStringList texts;
+    for (const double value : values)
+        texts << show(value);
+    return texts.join('|');
+}
+
+QString Formatted(int places, bool grouping, std::initializer_list<double> values)
+{
+    return Texts([=](double value) { return FormatFixed(value, places, grouping); }, values);
+}
+} // namespace
 
 TEST(NumberText, ValReadsTheLongestLeadingNumber)
 {
@@ -22,76 +40,31 @@ TEST(NumberText, ValReadsTheLongestLeadingNumber)
 
 TEST(NumberText, ShortestTextReadsBackAsTheSameNumber)
 {
-    for (const auto& [value, text] : {std::pair{0.1, "0.1"},
-                                      {1234.5, "1234.5"},
-                                      {1e-07, "1e-07"},
-                                      {100000.0, "100000"},
-                                      {-2500000.0, "-2500000"},
-                                      {0.0, "0"},
-                                      {-0.0, "0"},
-                                      {0.0001, "0.0001"},
-                                      {1e22, "1e+22"},
-                                      {1.0 / 3, "0.3333333333333333"}})
-        EXPECT_EQ(NumberText(value), QString(text));
+    EXPECT_EQ(Texts(NumberText, {0.1, 1234.5, 1e-07, 100000, -2500000, 0, -0.0, 0.0001, 1e22, 1.0 / 3}),
+              QString("0.1|1234.5|1e-07|100000|-2500000|0|0|0.0001|1e+22|0.3333333333333333"));
     for (const double value : {0.1 + 0.2, 1e300, -5e-324, 999999999999999.9, 123456789012.3456, 1e-4 / 3})
         EXPECT_EQ(Val(NumberText(value)), value);
 }
 
 TEST(NumberText, FormatsHalfAwayFromZeroOnFifteenDigits)
 {
-    const struct
-    {
-        double value;
-        int places;
-        bool grouping;
-        QString text;
-    } cases[] = {
-        {1.005, 2, false, "1.01"},
-        {-1.005, 2, false, "-1.01"},
-        {2.5, 0, false, "3"},
-        {-2.5, 0, false, "-3"},
-        {0.5, 0, true, "1"},
-        {0.49, 0, true, "0"},
-        {0.05, 1, true, "0.1"},
-        {0.005, 2, true, "0.01"},
-        {0.0049, 2, true, "0.00"},
-        {-0.004, 2, true, "0.00"},
-        {-0.0, 2, false, "0.00"},
-        {1234.5, 2, false, "1234.50"},
-        {1234.5, 2, true, "1,234.50"},
-        {999999.995, 2, true, "1,000,000.00"},
-        {-999.5, 0, true, "-1,000"},
-        {100, 0, true, "100"},
-        {1000, 0, true, "1,000"},
-        {123456789, 4, true, "123,456,789.0000"},
-        {0.1 + 0.2, 4, false, "0.3000"},
-        {1.115 * 100, 1, false, "111.5"},
-        {1e-20, 4, false, "0.0000"},
-        {12.3456, 6, false, "12.345600"},
-        {7, -5, false, "7"},
-        {1e15, 0, true, "1,000,000,000,000,000"},
-        {std::numeric_limits<double>::quiet_NaN(), 2, true, "0.00"},
-        {std::numeric_limits<double>::infinity(), 2, true, "0.00"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(FormatFixed(c.value, c.places, c.grouping), c.text) << c.value << " at " << c.places;
+    EXPECT_EQ(Formatted(0, false, {2.5, -2.5}), QString("3|-3"));
+    EXPECT_EQ(Formatted(0, true, {0.5, 0.49, -999.5, 100, 1000, 1e15}),
+              QString("1|0|-1,000|100|1,000|1,000,000,000,000,000"));
+    EXPECT_EQ(Formatted(1, true, {0.05, 1.115 * 100}), QString("0.1|111.5"));
+    EXPECT_EQ(Formatted(2, false, {1.005, -1.005, -0.0, 1234.5}), QString("1.01|-1.01|0.00|1234.50"));
+    EXPECT_EQ(Formatted(2, true, {0.005, 0.0049, -0.004, 1234.5, 999999.995, NAN, INFINITY}),
+              QString("0.01|0.00|0.00|1,234.50|1,000,000.00|0.00|0.00"));
+    EXPECT_EQ(Formatted(4, true, {123456789, 0.1 + 0.2, 1e-20}), QString("123,456,789.0000|0.3000|0.0000"));
+    EXPECT_EQ(Formatted(6, false, {12.3456}) + Formatted(-5, false, {7}), QString("12.3456007"));
     EXPECT_EQ(FormatFixed(1e300, 2, true).size(), 301 + 100 + 3);
     EXPECT_EQ(FormatFixed(5e-324, 32767, false).size(), 2 + 99);
 }
 
 TEST(NumberText, PlainTextHasNoZeroBeforeThePoint)
 {
-    for (const auto& [value, text] : {std::pair{0.5, " .5"},
-                                      {-0.5, "-.5"},
-                                      {12.0, " 12"},
-                                      {0.0, " 0"},
-                                      {-0.0, " 0"},
-                                      {0.1 + 0.2, " .3"},
-                                      {-1234.25, "-1234.25"},
-                                      {0.00001, " .00001"},
-                                      {1200000.0, " 1200000"},
-                                      {1e16, " 10000000000000000"}})
-        EXPECT_EQ(PlainNumberText(value), QString(text));
+    EXPECT_EQ(Texts(PlainNumberText, {0.5, -0.5, 12, 0, -0.0, 0.1 + 0.2, -1234.25, 0.00001, 1200000, 1e16}),
+              QString(" .5|-.5| 12| 0| 0| .3|-1234.25| .00001| 1200000| 10000000000000000"));
 }
 
 TEST(NumberText, RoundsAsItFormats)

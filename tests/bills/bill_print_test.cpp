@@ -14,13 +14,11 @@ protected:
     /// A bill of one line, saved.
     void SaveBill(const char* operation)
     {
-        Open(operation);
+        OpenWithLine(operation);
         bill.TxtSaleMan = "张三";
         bill.TxtMemo = "备";
         bill.TxtExplain = "明";
-        bill.DTPDate = QDate(2023, 2, 8);
-        const bool revalues = bill.kind->lines == LineShape::Revalued;
-        AddLine("A001", {{revalues ? "调价金额" : "数量", "3"}});
+        Type(1, bill.kind->lines == LineShape::Revalued ? "调价金额" : "数量", "3");
         ASSERT_EQ(Save(), QStringList("保存成功！"));
     }
 
@@ -38,28 +36,24 @@ protected:
 
 TEST_F(BillPrintTest, EachKindGivesItsOwnTexts)
 {
-    const struct
-    {
-        const char* operation;
-        QStringList head; // between code and remark
-        QStringList foot;
-    } cases[] = {
+    // The head between code and remark, and the foot.
+    const std::tuple<const char*, QStringList, QStringList> cases[] = {
         {"同价调拨", {"发货仓库：主仓", "业 务 员：张三", "收货仓库：分仓"}, {"数量合计：3.00"}},
         {"异价调拨", {"发货仓库：主仓", "业 务 员：张三", "收货仓库：分仓"}, {"数量合计：3.00", "金额合计：0.00"}},
         {"商品调价", {"调价仓库：分仓", "业 务 员：张三"}, {"数量合计：", "金额合计：3.00"}},
         {"盘点报损", {"盘点仓库：分仓", "业 务 员：张三"}, {"数量合计：3.00"}},
         {"盘点报溢", {"盘点仓库：分仓", "业 务 员：张三"}, {"数量合计：3.00"}},
     };
-    for (const auto& each : cases) {
-        SaveBill(each.operation);
+    for (const auto& [operation, head, foot] : cases) {
+        SaveBill(operation);
         if (bill.kind->lines == LineShape::Revalued)
             bill.LabTotalAmount.clear();
         Print();
-        const QStringList expected = QStringList({"录单日期：2023-02-08", "单据编号：" + bill.TxtBillCode}) +
-                                     each.head + QStringList({"备    注：备", "制 单 人：系统管理员"}) + each.foot;
+        const QStringList expected = QStringList({"录单日期：2023-02-08", "单据编号：" + bill.TxtBillCode}) + head +
+                                     QStringList({"备    注：备", "制 单 人：系统管理员"}) + foot;
         QStringList texts = FileLines().filter("string=");
         texts.replaceInStrings("string=", "");
-        EXPECT_EQ(texts.mid(0, expected.size()), expected) << each.operation;
+        EXPECT_EQ(texts.mid(0, expected.size()), expected) << operation;
         EXPECT_EQ(texts[expected.size()], "商品编号") << "without the column that marks rows";
         EXPECT_EQ(FileLines().filter("mshrows="), QStringList("mshrows=2")) << "without the blank row";
     }
@@ -112,26 +106,19 @@ TEST_F(BillPrintTest, TheWordsOfTheTemplates)
 
 TEST_F(BillPrintTest, TemplatesOfTheKinds)
 {
-    const struct
-    {
-        const char* operation;
-        const char* form;
-        const char* file;
-        const char* table;
-        const char* group;
-    } cases[] = {
-        {"同价调拨", "", "SP-TJDB.xls", "TabSamePriceMove", "同价调拨单"},
-        {"异价调拨", "-TXM-S", "SP-TJDB-TXM-S.xls", "TabSamePriceMove", "异价调拨单"}, // and so is never found
-        {"商品调价", "-TXM-T", "SP-SPTJ-TXM-T.xls", "TabChangePrice", "商品调价单"},
-        {"盘点报损", "", "SP-PDBS.xls", "TabCheckLose", "盘点报损单"},
-        {"盘点报溢", "", "SP-PDBY.xls", "TabCheckOver", "盘点报溢单"},
+    const std::tuple<const char*, const char*, const char*, QString> cases[] = {
+        {"同价调拨", "", "SP-TJDB.xls", "TabSamePriceMove"},
+        {"异价调拨", "-TXM-S", "SP-TJDB-TXM-S.xls", "TabSamePriceMove"}, // and so is never found
+        {"商品调价", "-TXM-T", "SP-SPTJ-TXM-T.xls", "TabChangePrice"},
+        {"盘点报损", "", "SP-PDBS.xls", "TabCheckLose"},
+        {"盘点报溢", "", "SP-PDBY.xls", "TabCheckOver"},
     };
-    for (const auto& each : cases) {
-        Open(each.operation);
-        EXPECT_EQ(FixedTemplate(*bill.kind, each.form), each.file);
-        EXPECT_EQ(SheetOf(test.program, bill, kWareManagePaper).headTable, each.table);
-        EXPECT_EQ(TemplateGroup(bill, kWareManagePaper), each.group);
-        EXPECT_EQ(TemplateRights(bill, kWareManagePaper), each.operation);
+    for (const auto& [operation, form, file, table] : cases) {
+        Open(operation);
+        EXPECT_EQ(FixedTemplate(*bill.kind, form), file);
+        EXPECT_EQ(SheetOf(test.program, bill, kWareManagePaper).headTable, table);
+        EXPECT_EQ(TemplateGroup(bill, kWareManagePaper), QString(operation) + "单");
+        EXPECT_EQ(TemplateRights(bill, kWareManagePaper), operation);
     }
 }
 

@@ -1,11 +1,7 @@
 #include "support/memory_workbook.h"
 #include "ware_window.h"
 
-#include <QAction>
-#include <QGroupBox>
-#include <QLabel>
 #include <QProgressBar>
-#include <QPushButton>
 
 namespace {
 
@@ -20,77 +16,60 @@ struct BillToExcel : WareManageTest
             SheetOfTexts("sheet1", {{"商品编号", "数量"}, {"A001", "2"}, {"X", "1"}, {"B001", "3"}})};
     }
 
-    void OpenNew(const char* operation)
-    {
-        WareManageTest::OpenNew(operation);
-        Find<QAction>("ToolIn")->trigger();
-        EXPECT_EQ(test.prompt.TakeTexts(), QStringList("请先选择发货仓库名称！")) << "the warehouses come first";
-        TypeHead();
-    }
     /// Opens the import and acts in its window.
     void ToolIn(std::function<void(QWidget& dialog)> act)
     {
         InDialog(std::move(act));
-        Find<QAction>("ToolIn")->trigger();
+        Trigger("ToolIn");
         EXPECT_EQ(std::exchange(dialogs, 0), 1);
     }
-    static QPushButton* Key(QWidget& dialog, const char* name) { return dialog.findChild<QPushButton*>(name); }
+    static QAbstractButton* Key(QWidget& dialog, const char* name) { return dialog.findChild<QAbstractButton*>(name); }
 };
 
 TEST_F(BillToExcel, EnterImportsIntoTheGrid)
 {
     OpenNew("同价调拨");
+    Trigger("ToolIn");
+    EXPECT_EQ(test.Boxes(), "请先选择发货仓库名称！");
+    TypeHead();
     ToolIn([this](QWidget& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "从Excel文件中导入....");
-        EXPECT_EQ(dialog.findChild<QGroupBox*>()->title(), "从Excel文件中导入商品");
-        QStringList rules;
-        for (const QLabel* label : dialog.findChildren<QLabel*>())
-            rules << label->text();
-        EXPECT_EQ(rules, QStringList({
-                             "导入须知：",
-                             "1、导入的文件必须是MS Excel格式文件；",
-                             "2、Excel文件中需要导入的项的表头名称必须与软件界面列表的表头名称相同；",
-                             "3、如果规格从商品信息设置中设置的取值时，规格处为空白；",
-                             "4、如果是商品调价单时，Excel文件中第三列需是调价金额；",
-                             "5、导入时从第二行起开始导入，第一行不导入；",
-                             "6、Excel文件中不允许有空行，如果存在空行则从空行处以下不再导入；",
-                         }));
         Press({Qt::Key_Return});
         EXPECT_FALSE(dialog.isVisible());
     });
-    EXPECT_EQ(test.prompt.TakeTexts(),
-              QStringList({"选择导入数据|Microsoft Excel 工作簿 (*.XLS *.xlsx);;All Files (*.*)", "共导入2 条数据！"}));
+    EXPECT_EQ(test.Boxes(), "选择导入数据|Microsoft Excel 工作簿 (*.XLS *.xlsx);;All Files (*.*)|共导入2 条数据！");
     EXPECT_EQ(Line(1), QStringList({"A001", "螺丝", "M8", "", "箱", "2.00", ""}));
     EXPECT_EQ(Line(2), QStringList({"B001", "O'Neil", "", "", "件", "3.00", ""}));
-    EXPECT_EQ(Find<QLabel>("LabTotalAmount")->text() + Find<QLabel>("LabTotalMoney")->text(), "5.0020.00");
+    EXPECT_EQ(Text("LabTotalAmount") + Text("LabTotalMoney"), "5.0020.00");
     EXPECT_EQ(At(), std::pair(1, 1));
-    Press({Qt::Key_S}, Qt::ControlModifier);
+    SaveByKey();
     EXPECT_EQ(Count("TabSamePriceMoveInf"), 2) << "and is saved as if typed";
 }
 
 TEST_F(BillToExcel, EscapeAndARefusedFileLeaveTheGrid)
 {
-    OpenNew("同价调拨");
-    TypeAndEnter({"A001"});
+    OpenTransfer();
     const QStringList before = Line(1);
     ToolIn([this](QWidget&) { Press({Qt::Key_Escape}); });
     EXPECT_TRUE(test.prompt.boxes.empty());
     office.failures["Open"] = {SpreadsheetError::Kind::CannotOpen, "damaged"};
-    ToolIn([&](QWidget& dialog) {
-        Key(dialog, "CmdIn")->click();
-        EXPECT_FALSE(dialog.isVisible());
-    });
-    EXPECT_EQ(test.prompt.TakeTexts().mid(1), QStringList("damaged"));
+    const auto import = [this] {
+        ToolIn([](QWidget& dialog) {
+            Key(dialog, "CmdIn")->click();
+            EXPECT_FALSE(dialog.isVisible());
+        });
+        return test.prompt.TakeTexts().mid(1).join('|');
+    };
+    EXPECT_EQ(import(), "damaged");
     test.prompt.file.clear();
-    ToolIn([&](QWidget& dialog) { Key(dialog, "CmdIn")->click(); });
-    EXPECT_EQ(test.prompt.TakeTexts().mid(1), QStringList("不能确定导入文件路径，请重新选择导入文件！"));
+    EXPECT_EQ(import(), "不能确定导入文件路径，请重新选择导入文件！");
     EXPECT_EQ(Line(1), before);
     EXPECT_EQ(Line(2).join(""), "");
 }
 
 TEST_F(BillToExcel, NothingClosesWhileLinesComeIn)
 {
-    OpenNew("同价调拨");
+    OpenTransfer();
     ToolIn([&](QWidget& dialog) {
         office.whileRunning = [&] {
             Key(dialog, "CmdIn")->click();
@@ -106,14 +85,13 @@ TEST_F(BillToExcel, NothingClosesWhileLinesComeIn)
 
 TEST_F(BillToExcel, TheUserEndsLongWork)
 {
-    OpenNew("同价调拨");
-    TypeAndEnter({"A001"});
+    OpenTransfer();
     const QStringList before = Line(1);
     ToolIn([&](QWidget& dialog) {
         office.whileRunning = [&] {
             QWidget* const progress = dialog.findChild<QWidget*>("frmProgress");
             EXPECT_FALSE(progress->isVisible()) << "short work passes without it";
-            EXPECT_TRUE(QTest::qWaitFor([&] { return progress->isVisible(); }));
+            EXPECT_TRUE(QTest::qWaitFor([&] { return progress->isVisible(); }, kPatience));
             EXPECT_EQ(QApplication::activeModalWidget(), progress);
             EXPECT_EQ(progress->findChild<QProgressBar*>("prg")->maximum(), 0) << "no end in sight yet";
             Key(*progress, "CmdCancel")->click();
@@ -127,7 +105,7 @@ TEST_F(BillToExcel, TheUserEndsLongWork)
 
 TEST_F(BillToExcel, ABlankWorkbookIsThereToBeFilled)
 {
-    OpenNew("同价调拨");
+    OpenTransfer();
     ToolIn([&](QWidget& dialog) {
         Key(dialog, "CmdBlank")->click();
         EXPECT_TRUE(dialog.isVisible()) << "to import it once it is filled";
@@ -135,7 +113,7 @@ TEST_F(BillToExcel, ABlankWorkbookIsThereToBeFilled)
         Key(dialog, "CmdBlank")->click();
         EXPECT_TRUE(Key(dialog, "CmdIn")->isEnabled());
     });
-    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("no display"));
+    EXPECT_EQ(test.Boxes(), "no display");
     ASSERT_EQ(office.handedOver.size(), 1U);
     MemoryBook book = office.handedOver.front().book;
     EXPECT_EQ(book.front().Texts().front().mid(0, 6),

@@ -1,10 +1,7 @@
 #include "ware_window.h"
 
-#include <QAction>
-#include <QCheckBox>
 #include <QHeaderView>
 #include <QListWidget>
-#include <QPushButton>
 
 namespace {
 
@@ -20,7 +17,9 @@ struct WareManageDialogs : WareManageTest
         auto* const columns = dialog.findChild<QListWidget*>("ListMSHHead");
         columns->setCurrentItem(columns->findItems(caption, Qt::MatchExactly).front());
     }
-    int Width(int column) { return Find<GridView>("MSH")->columnWidth(column - 1); }
+    /// Clicks a key or a switch of a dialog.
+    static void ClickIn(QWidget& dialog, const char* name) { dialog.findChild<QAbstractButton*>(name)->click(); }
+    int Width() { return Grid()->columnWidth(1); }
 };
 
 TEST_F(WareManageDialogs, AnAmbiguousHeadIsPickedAndTheFocusGoesOn)
@@ -75,42 +74,41 @@ TEST_F(WareManageDialogs, AnUnknownGoodIsPicked)
     EXPECT_EQ(At(), std::pair(1, 6)) << "on to the money";
     EXPECT_EQ(Focus(), "Text2");
     EXPECT_FALSE(Shown("PicSelect"));
+    TypeAndEnter({"-25.5"});
+    EXPECT_EQ(Text("LabTotalMoney"), "-25.50");
     EXPECT_EQ(dialogs, 2);
 }
 
 TEST_F(WareManageDialogs, AnAttributeIsPickedFromTheGroupOfTheGood)
 {
     test.Insert("TabAttribute", {{"Code", "02"}, {"Name", "尺寸"}, {"ParentCode", "0"}});
-    OpenNew("同价调拨");
-    TypeHead();
-    TypeAndEnter({"A001"});
+    OpenTransfer();
     InDialog([&](QWidget& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "选择属性");
         Press({Qt::Key_Home, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return});
     });
     ClickCell(1, 4);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return dialogs == 1 && At().second == 5; }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return dialogs == 1 && At().second == 5; }, kPatience));
     EXPECT_EQ(Line(1)[3], "0102>颜色>红");
     EXPECT_EQ(Focus(), "Combol2");
 }
 
 TEST_F(WareManageDialogs, FormatsShowAtOnceAndLeaveTheLinesAlone)
 {
-    OpenNew("盘点报损");
-    TypeAndEnter({"101", "", "", "", "A001"});
+    OpenLoss();
     InDialog([&](QWidget& dialog) {
-        Choose(dialog, "规格");
-        dialog.findChild<QCheckBox*>("ChShowCol")->click();
-        Choose(dialog, "成本价");
-        dialog.findChild<QCheckBox*>("ChShowCol")->click();
+        for (const char* column : {"规格", "成本价"}) {
+            Choose(dialog, column);
+            ClickIn(dialog, "ChShowCol");
+        }
         auto* const caption = dialog.findChild<QLineEdit*>("TxtMSHElseName");
         caption->selectAll();
         QTest::keyClicks(caption, "P");
         EXPECT_EQ(Line(1), QStringList({"A001", "螺丝", "", "箱", "1.00", "10.00", ""}));
-        dialog.findChild<QPushButton*>("CmdOk")->click();
+        ClickIn(dialog, "CmdOk");
     });
-    Find<QAction>("MMSHFormat")->trigger();
-    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("保存成功！"));
+    Trigger("MMSHFormat");
+    EXPECT_EQ(test.Boxes(), "保存成功！");
     EXPECT_EQ(Rows("select ColWidth,ColElseName from TabPrintMSHSet where TabName='盘点报损单界面' and ColOrder in "
                    "(3,7) order by ColOrder"),
               QStringList({"0|规格", "1500|P"}));
@@ -119,8 +117,8 @@ TEST_F(WareManageDialogs, FormatsShowAtOnceAndLeaveTheLinesAlone)
 
     TypeAndEnter({"101", "", "", "", "A001"});
     test.prompt.answers = {true};
-    Find<QAction>("FDeleteMSHFormat")->trigger();
-    EXPECT_EQ(test.prompt.TakeTexts(), QStringList({"删除当前界面格式设置吗？", "删除成功！"}));
+    Trigger("FDeleteMSHFormat");
+    EXPECT_EQ(test.Boxes(), "删除当前界面格式设置吗？|删除成功！");
     EXPECT_EQ(Line(1), QStringList({"A001", "螺丝", "M8", "", "箱", "1.00", ""}));
     EXPECT_EQ(dialogs, 1);
 }
@@ -129,8 +127,8 @@ TEST_F(WareManageDialogs, ScansBecomeLinesBehindTheirWindow)
 {
     test.Run(Sql("update TabWare set TiaoXingCode='690' where Code='A001'"));
     OpenNew("同价调拨");
-    Find<QAction>("ToolPos")->trigger();
-    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("请先选择发货仓库名称！"));
+    Trigger("ToolPos");
+    EXPECT_EQ(test.Boxes(), "请先选择发货仓库名称！");
     TypeHead();
     InDialog([&](QWidget& dialog) {
         for (const char* amount : {"1", "3"}) {
@@ -140,47 +138,44 @@ TEST_F(WareManageDialogs, ScansBecomeLinesBehindTheirWindow)
         }
         EXPECT_EQ(Line(2), QStringList({"A001", "螺丝", "M8", "", "箱", "3.00", ""}));
     });
-    Find<QAction>("ToolPos")->trigger();
+    Trigger("ToolPos");
     EXPECT_EQ(window->bill().LabTotalAmount, "4.00");
     EXPECT_EQ(dialogs, 1);
 }
 
 TEST_F(WareManageDialogs, SiblingsAreAskedForImagesAndAccounts)
 {
-    OpenNew("盘点报损");
-    Find<QAction>("ToolImg")->trigger();
-    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("尚未保存数据，请先保存数据后重新操作图文功能！"));
-    TypeAndEnter({"101", "", "", "", "A001"});
-    Press({Qt::Key_S}, Qt::ControlModifier);
-    test.prompt.TakeTexts();
-    Find<QAction>("ToolImg")->trigger();
-    Find<QAction>("FJXCAccount")->trigger();
-    EXPECT_EQ(test.prompt.TakeTexts(), QStringList({"图片管理程序不存在，请确定您程序安装是否完整！",
-                                                    "基础管理程序不存在，请确定您程序安装是否完整！"}));
+    OpenLoss();
+    Trigger("ToolImg");
+    EXPECT_EQ(test.Boxes(), "尚未保存数据，请先保存数据后重新操作图文功能！");
+    SaveByKey();
+    Trigger("ToolImg");
+    Trigger("FJXCAccount");
+    EXPECT_EQ(test.Boxes(),
+              "图片管理程序不存在，请确定您程序安装是否完整！|基础管理程序不存在，请确定您程序安装是否完整！");
     test.program.parameters.UserName = "nobody";
     for (const char* command : {"FJXCAccount", "MMSHFormat", "FDeleteMSHFormat"}) {
-        Find<QAction>(command)->trigger();
-        EXPECT_EQ(test.prompt.TakeTexts(), QStringList("没有操作权限！")) << command;
+        Trigger(command);
+        EXPECT_EQ(test.Boxes(), "没有操作权限！") << command;
     }
 }
 
 TEST_F(WareManageDialogs, AWindowComesBackAsItWasLeft)
 {
     OpenNew("盘点报损");
-    auto* const columns = Find<GridView>("MSH")->horizontalHeader();
-    columns->resizeSection(1, 333);
+    Grid()->horizontalHeader()->resizeSection(1, 333);
     window->resize(1000, 600);
     window->close();
     OpenNew("盘点报损");
     EXPECT_EQ(window->size(), QSize(1000, 600));
-    EXPECT_NEAR(Width(2), 333, 1);
+    EXPECT_NEAR(Width(), 333, 1);
     Press({Qt::Key_N}, Qt::ControlModifier);
-    EXPECT_NEAR(Width(2), 333, 1) << "a blank bill is laid out anew";
+    EXPECT_NEAR(Width(), 333, 1) << "a blank bill is laid out anew";
 
     test.prompt.answers = {true};
-    const int drawn = Width(2);
-    Find<QAction>("FDeleteMSHFormat")->trigger();
-    EXPECT_NE(Width(2), drawn);
+    const int drawn = Width();
+    Trigger("FDeleteMSHFormat");
+    EXPECT_NE(Width(), drawn);
     window->close();
 }
 

@@ -3,8 +3,6 @@
 #include "assembly/piece_screen.h"
 #include "support/memory_workbook.h"
 
-#include <utility>
-
 namespace {
 
 template <typename Screen>
@@ -44,21 +42,19 @@ struct ImportOn : Screen
     }
 };
 
-struct LineImport : ImportOn<BillScreen>
-{};
-
-struct Case
-{
-    const char* what;
-    const char* operation;
-    std::vector<QStringList> rows;
-    QStringList lines;
-    const char* totals; // amount and money
-};
+using LineImport = ImportOn<BillScreen>;
+using PieceImport = ImportOn<PieceScreen>;
 
 TEST_F(LineImport, EveryKindTakesItsColumns)
 {
-    const Case cases[] = {
+    const struct
+    {
+        const char* what;
+        const char* operation;
+        std::vector<QStringList> rows;
+        QStringList lines;
+        QString totals; // amount and money
+    } cases[] = {
         {"titles in any order, figures as texts",
          "同价调拨",
          {{"备注", " 数量 ", "金额", "商品编号"}, {"r", "1,234.5", "7", " A001　"}, {"", "2件", "", "b001"}},
@@ -98,10 +94,10 @@ TEST_F(LineImport, EveryKindTakesItsColumns)
         {"no rows", "同价调拨", {{"商品编号"}}, {}, "0.00 0.00"},
         {"a blank first row", "同价调拨", {{"商品编号"}, {}, {"A001"}}, {}, "0.00 0.00"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         Open(c.operation);
-        AddLine("B001", {});
+        AddLine("B001");
         Put(c.rows);
         EXPECT_EQ(Import(), "共导入" + QString::number(c.lines.size()) + " 条数据！");
         EXPECT_EQ(Lines(), c.lines);
@@ -123,7 +119,10 @@ TEST_F(LineImport, ANumberCanBeACode)
 TEST_F(LineImport, WhatCannotBeReadLeavesTheLines)
 {
     using Kind = SpreadsheetError::Kind;
-    struct Failure
+    const QStringList good = {"商品编号"};
+    const QString noSheet = "文件“book.xls”中没有名称为“sheet1”的工作表，不能导入！";
+    const QString noTitle = "文件“book.xls”中没有“商品编号”列（工作表“sheet1”的第一行是表头），不能导入！";
+    const struct
     {
         const char* operation; // that fails
         Kind kind;
@@ -131,26 +130,18 @@ TEST_F(LineImport, WhatCannotBeReadLeavesTheLines)
         const char* sheet;
         int rows; // until the user has had enough
         QString said;
-    };
-    const QStringList good = {"商品编号"};
-    const Failure failures[] = {
+    } failures[] = {
         {"Open", Kind::CannotOpen, good, "sheet1", -1, "broken"},
         {"Run", Kind::NotInstalled, good, "sheet1", -1, "broken"},
         {"Read", Kind::Stopped, good, "sheet1", -1, "broken"},
         {"Read", Kind::Cancelled, good, "sheet1", -1, ""},
-        {nullptr, {}, good, "工作表1", -1, "文件“book.xls”中没有名称为“sheet1”的工作表，不能导入！"},
-        {nullptr,
-         {},
-         {"编号"},
-         "sheet1",
-         -1,
-         "文件“book.xls”中没有“商品编号”列（工作表“sheet1”的第一行是表头），不能导入！"},
+        {nullptr, {}, good, "工作表1", -1, noSheet},
+        {nullptr, {}, {"编号"}, "sheet1", -1, noTitle},
         {nullptr, {}, good, "sheet1", 1, ""},
     };
-    Open("同价调拨");
-    AddLine("A001", {{"数量", "2"}});
+    OpenWithLine("同价调拨", {{"数量", "2"}});
     const QStringList before = Lines();
-    for (const Failure& failure : failures) {
+    for (const auto& failure : failures) {
         Put({failure.titles, {"B001"}, {"B001"}}, failure.sheet);
         office.failures.clear();
         if (failure.operation)
@@ -189,9 +180,6 @@ TEST_F(LineImport, AWorkbookForAKindHasWhatItTakes)
     EXPECT_EQ(ImportTitles(*KindOfBill("商品调价单"))[2], "调价金额") << "as the rules on the screen ask for";
 }
 
-struct PieceImport : ImportOn<PieceScreen>
-{};
-
 TEST_F(PieceImport, TheHeadFollowsTheLines)
 {
     Open(true, "2");
@@ -206,10 +194,10 @@ TEST_F(PieceImport, TheWorkbookIsAskedFor)
 {
     const QString filter = "选择导入数据|Microsoft Excel 工作簿 (*.XLS *.xlsx)";
     EXPECT_EQ(AskImportFile(test.program, *KindOfBill("商品拆卸单")), "");
-    EXPECT_EQ(test.prompt.TakeTexts(), QStringList({filter, "不能确定导入文件路径，请重新选择导入文件！"}));
+    EXPECT_EQ(test.Boxes(), filter + "|不能确定导入文件路径，请重新选择导入文件！");
     test.prompt.file = "a.xls";
     EXPECT_EQ(AskImportFile(test.program, *KindOfBill("盘点报损单")), "a.xls");
-    EXPECT_EQ(test.prompt.TakeTexts(), QStringList(filter + ";;All Files (*.*)"));
+    EXPECT_EQ(test.Boxes(), filter + ";;All Files (*.*)");
 }
 
 } // namespace

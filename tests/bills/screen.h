@@ -19,9 +19,9 @@ class ScreenOf : public testing::Test
 protected:
     explicit ScreenOf(const QString& databaseType = "Access") : test(databaseType)
     {
-        test.Insert("TabWarehouseType", {{"Code", "1"}, {"Name", "总库"}, {"ParentCode", "0"}});
-        test.Insert("TabWarehouseType", {{"Code", "101"}, {"Name", "主仓"}, {"ParentCode", "1"}});
-        test.Insert("TabWarehouseType", {{"Code", "102"}, {"Name", "分仓"}, {"ParentCode", "1"}});
+        for (const auto& [code, name, main] :
+             {std::tuple("1", "总库", "0"), {"101", "主仓", "1"}, {"102", "分仓", "1"}})
+            test.Insert("TabWarehouseType", {{"Code", code}, {"Name", name}, {"ParentCode", main}});
         test.Insert("TabWare", {{"Code", "A001"},
                                 {"Name", "螺丝"},
                                 {"Spec", "M8"},
@@ -55,19 +55,23 @@ protected:
         bill.TxtWarehouseNameS = "分仓";
     }
 
-    void Type(int row, const QString& caption, const QString& text)
+    void GoTo(int row, const QString& caption)
     {
         bill.MSH.currentRow = row;
         bill.MSH.currentColumn = ColumnIndex(*bill.kind, caption);
+    }
+    void Type(int row, const QString& caption, const QString& text)
+    {
+        GoTo(row, caption);
         TypeInCell(test.program, bill, text);
     }
 
+    using Cells = std::initializer_list<std::pair<const char*, const char*>>;
     /// Chooses a good in the blank row and types its cells.
-    void AddLine(const QString& code, std::initializer_list<std::pair<const char*, const char*>> cells)
+    void AddLine(const QString& code, Cells cells = {})
     {
         const int row = bill.MSH.lastRow();
-        bill.MSH.currentRow = row;
-        bill.MSH.currentColumn = 1;
+        GoTo(row, "商品编号");
         ChooseGood(test.program, bill, code);
         for (const auto& [caption, text] : cells)
             Type(row, caption, text);
@@ -82,19 +86,7 @@ protected:
         return test.prompt.TakeTexts();
     }
 
-    /// The rows of a statement, values joined by "|".
-    QStringList Rows(const QByteArray& statement)
-    {
-        const Recordset rows = test.Run(Sql(statement.constData()));
-        QStringList texts;
-        for (int row = 0; row < rows.size(); ++row) {
-            QStringList values;
-            for (int column = 0; column < static_cast<int>(rows.columns().size()); ++column)
-                values << TextOf(rows.at(row, column));
-            texts << values.join('|');
-        }
-        return texts;
-    }
+    QStringList Rows(const QByteArray& statement) { return test.Rows(Sql(statement.constData())); }
 
     TestProgram test;
     Bill bill;
@@ -114,5 +106,11 @@ protected:
         LoadWindow(test.program, bill);
         frm_Initialize(test.program, bill, false);
         ChooseWarehouses();
+    }
+    /// The same with a line.
+    void OpenWithLine(const char* operation, Cells cells = {})
+    {
+        Open(operation);
+        AddLine("A001", cells);
     }
 };

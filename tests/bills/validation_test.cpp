@@ -32,13 +32,12 @@ TEST_F(ValidationTest, TheChainRefusesOneThingAfterAnother)
     Type(1, "商品名称", "手写");
     bill.MSH.SetCell(1, 1, "nothing");
 
-    struct Step
-    {
-        const char* box;
-        std::function<void()> cure;
+    const QString badWarehouse = "仓库名称不正确（原因：名称不存在或不是处于最末级），请重新选择！";
+    const QString badDate = " 输入格式不正确！\r\n请输入完整的日期格式（YYYY-MM-DD）后再保存！";
+    const auto cell = [&](const char* text) {
+        return [this, text] { bill.MSH.SetCell(1, bill.MSH.currentColumn, text); };
     };
-    const QString row = "第 1 行";
-    const Step steps[] = {
+    const std::pair<QString, std::function<void()>> steps[] = {
         {"没有操作权限！",
          [&] {
              test.Insert("TabOperateRight", {{"UserName", "小李"}, {"FunctionName", "同价调拨"}, {"AllowEdit", 1}});
@@ -49,15 +48,13 @@ TEST_F(ValidationTest, TheChainRefusesOneThingAfterAnother)
              bill.TxtWarehouseNameF = "总库";
              bill.TxtWarehouseCodeF.clear();
          }},
-        {"发货仓库名称不正确（原因：名称不存在或不是处于最末级），请重新选择！",
-         [&] { bill.TxtWarehouseNameF = "主仓"; }},
+        {"发货" + badWarehouse, [&] { bill.TxtWarehouseNameF = "主仓"; }},
         {"收货仓库不能为空！",
          [&] {
              bill.TxtWarehouseNameS = "不管叫什么";
              bill.TxtWarehouseCodeS = "1";
          }},
-        {"收货仓库名称不正确（原因：名称不存在或不是处于最末级），请重新选择！",
-         [&] { bill.TxtWarehouseCodeS = "102"; }},
+        {"收货" + badWarehouse, [&] { bill.TxtWarehouseCodeS = "102"; }},
         {"请选择币种！", [&] { bill.TxtMoneyName = "人民币"; }},
         {"汇率不能为0，如果是本位币，则汇率填写1", [&] { bill.TxtMoneyRate = "1"; }},
         {"第 1 行 商品编号为  nothing   的商品对应数量为0，请录入数量或删除掉该行之后再保存！",
@@ -65,17 +62,14 @@ TEST_F(ValidationTest, TheChainRefusesOneThingAfterAnother)
         {"第 1 行商品编号为 nothing  的商品信息在商品信息表在不存，请先从商品信息录入界面录入好商品信息后再开单！或者"
          "双击商品编号列所在行选择商品信息。",
          [&] { bill.MSH.SetCell(1, 1, " a001 "); }},
-        {"第 1 行 生产日期 输入格式不正确！\r\n请输入完整的日期格式（YYYY-MM-DD）后再保存！",
-         [&] { bill.MSH.SetCell(1, bill.MSH.currentColumn, "2023/2/3"); }},
-        {"第 1 行 有效日期 输入格式不正确！\r\n请输入完整的日期格式（YYYY-MM-DD）后再保存！",
-         [&] { bill.MSH.SetCell(1, bill.MSH.currentColumn, "2023-02-28"); }},
-        {"第 1 行输入的  唯一码  "
-         "在系统中不存在，不能输入系统中不存在的唯一码！\r\n请修改保证其在系统中存在后再保存！",
-         [&] { bill.MSH.SetCell(1, bill.MSH.currentColumn, ""); }},
+        {"第 1 行 生产日期" + badDate, cell("2023/2/3")},
+        {"第 1 行 有效日期" + badDate, cell("2023-02-28")},
+        {"第 1 行输入的  唯一码  在系统中不存在，不能输入系统中不存在的唯一码！\r\n请修改保证其在系统中存在后再保存！",
+         cell("")},
     };
-    for (const Step& step : steps) {
-        EXPECT_EQ(Check(), QStringList(step.box));
-        step.cure();
+    for (const auto& [box, cure] : steps) {
+        EXPECT_EQ(Check(), QStringList(box));
+        cure();
     }
     EXPECT_EQ(Check(), QStringList({"库存数量不足！截至 2023-02-09 时，主仓 "
                                     "中库存量为100，因此最多只能开出 100，请调整！",
@@ -84,11 +78,8 @@ TEST_F(ValidationTest, TheChainRefusesOneThingAfterAnother)
     bill.MSH.SetCell(1, 6, "100");
     EXPECT_EQ(Check(), QStringList());
     // What the chain leaves on the screen.
-    EXPECT_EQ(bill.TxtWarehouseCodeF, "101");
-    EXPECT_EQ(bill.TxtWarehouseNameS, "分仓");
-    EXPECT_EQ(Cell(1, "商品名称"), "螺丝");
-    EXPECT_EQ(bill.TxtDate, "2023-02-09");
-    EXPECT_EQ(bill.TxtBillCode, "TDD202302080001");
+    EXPECT_EQ(bill.TxtWarehouseCodeF + bill.TxtWarehouseNameS + Cell(1, "商品名称"), "101分仓螺丝");
+    EXPECT_EQ(bill.TxtDate + " " + bill.TxtBillCode, "2023-02-09 TDD202302080001");
 
     bill.BillSavedFlag = true;
     bill.TxtBillCode = " ";
@@ -97,20 +88,14 @@ TEST_F(ValidationTest, TheChainRefusesOneThingAfterAnother)
 
 TEST_F(ValidationTest, TheOnlyWarehouseIsNamedByTheKind)
 {
-    const struct
-    {
-        const char* operation;
-        const char* word;
-    } kinds[] = {{"商品调价", "调价仓库"}, {"盘点报损", "报损仓库"}, {"盘点报溢", "报溢仓库"}};
-    for (const auto& kind : kinds) {
-        Open(kind.operation);
+    for (const QString operation : {"商品调价", "盘点报损", "盘点报溢"}) {
+        const QString word = operation.right(2) + "仓库";
+        Open(operation.toUtf8());
         bill.TxtWarehouseNameF.clear(); // hidden, not asked for
         bill.TxtWarehouseNameS = " ";
-        EXPECT_EQ(Check(), QStringList(QString(kind.word) + "不能为空！"));
-        bill.TxtWarehouseNameS = "x";
-        bill.TxtWarehouseCodeS = "x";
-        EXPECT_EQ(Check(),
-                  QStringList(QString(kind.word) + "名称不正确（原因：名称不存在或不是处于最末级），请重新选择！"));
+        EXPECT_EQ(Check(), QStringList(word + "不能为空！"));
+        bill.TxtWarehouseNameS = bill.TxtWarehouseCodeS = "x";
+        EXPECT_EQ(Check(), QStringList(word + "名称不正确（原因：名称不存在或不是处于最末级），请重新选择！"));
         bill.TxtWarehouseCodeS = "102";
         EXPECT_EQ(Check(), QStringList()) << "a bill without lines passes";
     }
@@ -119,8 +104,7 @@ TEST_F(ValidationTest, TheOnlyWarehouseIsNamedByTheKind)
 TEST_F(ValidationTest, ARewrittenTransferCountsItsOwnSavedLinesAgainstItself)
 {
     test.Insert("TabSysSet", {{"IsZero", 0}});
-    Open("同价调拨");
-    AddLine("A001", {{"数量", "40"}});
+    OpenWithLine("同价调拨", {{"数量", "40"}});
     EXPECT_EQ(Save(), QStringList("保存成功！"));
     const auto refused = [](const char* stock) {
         return "库存数量不足！截至 2023-02-08 时，主仓 中库存量为" + QString(stock) + "，因此最多只能开出 " +
@@ -141,22 +125,7 @@ TEST_F(ValidationTest, ARewrittenTransferCountsItsOwnSavedLinesAgainstItself)
 
 TEST_F(ValidationTest, APieceMustHaveComeInAndNotGoneOut)
 {
-    const char* const missing = "在系统中不存在";
-    const char* const gone = "曾经已出库";
-    const auto expectBox = [this](const char* word) {
-        const QStringList boxes = Check();
-        if (!word)
-            EXPECT_EQ(boxes, QStringList());
-        else
-            EXPECT_TRUE(boxes.value(0).contains(word)) << boxes.value(0).toStdString();
-    };
-    const struct
-    {
-        const char* table;
-        const char* ware;
-        Field mark;
-        bool known;
-    } pieces[] = {
+    const std::tuple<const char*, const char*, Field, bool> pieces[] = {
         {"TabInBillInf", "A001", {"State", "正常"}, true},
         {"TabInBillInf", "A001", {"State", "作废"}, false},
         {"TabElseInBillInf", "A001", {"State", "正常"}, true},
@@ -167,40 +136,38 @@ TEST_F(ValidationTest, APieceMustHaveComeInAndNotGoneOut)
         {"TabWarehouseTurn", "A001", {"Num", 2}, true},
         {"TabInBillInf", "B001", {"State", "正常"}, false},
     };
-    for (const auto& piece : pieces) {
-        SCOPED_TRACE(piece.table);
-        test.Insert(piece.table, {{"OnlyCode", "U'1"}, {"WareCode", piece.ware}, piece.mark});
+    for (const auto& [table, ware, mark, known] : pieces) {
+        SCOPED_TRACE(table);
+        test.Insert(table, {{"OnlyCode", "U'1"}, {"WareCode", ware}, mark});
         for (const char* operation : {"盘点报损", "盘点报溢"}) {
-            Open(operation);
-            AddLine("A001", {{"唯一码", "U'1"}});
-            expectBox(piece.known ? nullptr : missing);
+            OpenWithLine(operation, {{"唯一码", "U'1"}});
+            const QString box = Check().value(0);
+            EXPECT_TRUE(known ? box.isEmpty() : box.contains("在系统中不存在")) << box.toStdString();
         }
-        test.Run(Sql("delete from ") + Name(piece.table));
+        test.Run(Sql("delete from ") + Name(table));
     }
 
     test.Insert("TabInBillInf", {{"WareCode", "A001"}, {"OnlyCode", "U1"}, {"State", "正常"}});
-    Open("盘点报损");
-    AddLine("A001", {{"唯一码", "U1"}});
+    OpenWithLine("盘点报损", {{"唯一码", "U1"}});
     Save();
-    expectBox(nullptr); // its own row
+    EXPECT_EQ(Check(), QStringList()) << "its own row";
     NewBill(test.program, bill);
     bill.TxtWarehouseNameS = "分仓";
     AddLine("A001", {{"唯一码", "U1"}});
-    expectBox(gone);
+    EXPECT_TRUE(Check().value(0).contains("曾经已出库"));
     EXPECT_EQ(bill.MSH.currentColumn, ColumnIndex(*bill.kind, u"唯一码"));
 }
 
 TEST_F(ValidationTest, FiguresBeyondMoneyAreRefused)
 {
-    Open("异价调拨");
-    AddLine("A001", {{"数量", "1e300"}, {"单价", "1e300"}});
+    OpenWithLine("异价调拨", {{"数量", "1e300"}, {"单价", "1e300"}});
     EXPECT_EQ(Check(), QStringList("第 1 行 金额 超出系统所能保存的范围，请修改后再保存！"));
     AddLine("A001", {{"数量", "600000000000000"}, {"单价", "1"}});
     Type(1, "单价", "1");
     Type(1, "数量", "600000000000000");
     EXPECT_TRUE(Check().value(0).startsWith("第 1 行 金额")) << "at its cost of 10";
-    bill.MSH.SetCell(1, ColumnIndex(*bill.kind, u"成本价"), "0");
-    bill.MSH.SetCell(2, ColumnIndex(*bill.kind, u"成本价"), "0");
+    for (const int row : {1, 2})
+        bill.MSH.SetCell(row, ColumnIndex(*bill.kind, u"成本价"), "0");
     EXPECT_EQ(Check(), QStringList("合计金额超出系统所能保存的范围，请修改后再保存！"));
 
     // The grid does not show the cost that is stored: the save finds out, and takes everything back.
@@ -211,8 +178,7 @@ TEST_F(ValidationTest, FiguresBeyondMoneyAreRefused)
     EXPECT_FALSE(posting.stored);
     EXPECT_EQ(Rows("select Code from TabDiffPriceMove"), QStringList());
 
-    Open("商品调价");
-    AddLine("A001", {{"调价金额", "-1e15"}});
+    OpenWithLine("商品调价", {{"调价金额", "-1e15"}});
     EXPECT_EQ(Check(), QStringList("第 1 行 调价金额 超出系统所能保存的范围，请修改后再保存！"));
 }
 

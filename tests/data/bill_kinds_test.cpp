@@ -22,25 +22,18 @@ TEST(BillKinds, TablesOfEveryKindExist)
 
 TEST(BillKinds, ColumnsStandAtTheirPlaces)
 {
-    struct Place
-    {
-        const char* bill;
-        const char* caption;
-        int position;
-        int width;
-    };
-    const Place places[] = {
+    const std::tuple<const char*, const char*, int, int> places[] = {
         {"同价调拨单", "数量", 6, 1000},  {"同价调拨单", "成本价", 7, 0},       {"同价调拨单", "备注", 18, 1500},
         {"异价调拨单", "单价", 7, 1000},  {"异价调拨单", "金额", 9, 1000},      {"异价调拨单", "唯一码", 15, 0},
         {"商品调价单", "数量", 0, 300},   {"商品调价单", "调价金额", 6, 1500},  {"商品调价单", "备注", 16, 1500},
         {"盘点报溢单", "单价", 0, 300},   {"盘点报溢单", "自定义字段3", 17, 0}, {"商品组装单", "成本价", 7, 1000},
         {"商品拆卸单", "备注", 18, 1500},
     };
-    for (const Place& place : places) {
-        const BillKind* const kind = KindOfBill(place.bill);
+    for (const auto& [bill, caption, position, width] : places) {
+        const BillKind* const kind = KindOfBill(bill);
         ASSERT_NE(kind, nullptr);
-        EXPECT_EQ(ColumnIndex(*kind, QString(place.caption)), place.position) << place.bill << place.caption;
-        EXPECT_EQ(kind->columns[place.position].width, place.width) << place.bill << place.caption;
+        EXPECT_EQ(ColumnIndex(*kind, QString(caption)), position) << bill << caption;
+        EXPECT_EQ(kind->columns[position].width, width) << bill << caption;
     }
     EXPECT_EQ(KindOfBill("商品调价单")->columns.size(), 17u);
     EXPECT_EQ(KindOfBill("异价调拨单")->columns.size(), 20u);

@@ -11,9 +11,8 @@ TEST(Decimals, PlacesComeFromTheAccountSet)
     EXPECT_EQ(test.program.gDot.Price_DotLen, -3);
     EXPECT_EQ(test.program.gDot.Money_DotLen, -3);
 
-    test.Insert("TabDotSet", {{"Name", "单价型"}, {"Num", 4}});
-    test.Insert("TabDotSet", {{"Name", "数值型"}, {"Num", -2}});
-    test.Insert("TabDotSet", {{"Name", "货币型"}, {"Num", 2}});
+    for (const auto& [kind, places] : {std::pair("单价型", 4), {"数值型", -2}, {"货币型", 2}})
+        test.Insert("TabDotSet", {{"Name", kind}, {"Num", places}});
     LoadDecimalPlaces(test.program);
     EXPECT_EQ(test.program.gDot.Price_DotLen, 4);
     EXPECT_EQ(test.program.gDot.Amount_DotLen, -2);
@@ -33,13 +32,7 @@ TEST(Decimals, AMissingAccountSetIsSaidOnce)
 
 TEST(Decimals, FormatByDigits)
 {
-    struct Case
-    {
-        Value value;
-        int digits;
-        const char* shown;
-    };
-    const Case cases[] = {
+    const std::tuple<Value, int, const char*> cases[] = {
         {QString("1。5"), 2, "1.50"},
         {1234.5, 2, "1,234.50"},
         {1234.5, -1, "1,234.50"},
@@ -55,8 +48,8 @@ TEST(Decimals, FormatByDigits)
         {QString(""), 2, ""},
         {{}, 2, ""},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(FormatByDigits(c.value, c.digits), c.shown) << c.shown;
+    for (const auto& [value, digits, shown] : cases)
+        EXPECT_EQ(FormatByDigits(value, digits), shown) << shown;
     EXPECT_EQ(RoundByDigits(2.5, 0), 3);
     EXPECT_EQ(RoundByDigits(1.239, -3), 1.24);
     EXPECT_EQ(RoundByDigits(1.23456, -2), 1.23456);
@@ -64,13 +57,7 @@ TEST(Decimals, FormatByDigits)
 
 TEST(Decimals, FormatByType)
 {
-    struct Case
-    {
-        const char* type;
-        Value value;
-        const char* shown;
-    };
-    const Case unset[] = {
+    const std::tuple<const char*, Value, const char*> unset[] = {
         {"日期型", QDate(2023, 2, 8), "2023-02-08"},
         {" 日期型 ", QString("2023-2-8 10:00"), "2023-02-08"},
         {"日期型", QString("明天"), "明天"},
@@ -83,8 +70,8 @@ TEST(Decimals, FormatByType)
         {"数值型", {}, ""},
     };
     TestProgram test;
-    for (const Case& c : unset)
-        EXPECT_EQ(FormatByType(test.program, c.value, c.type), c.shown) << c.type;
+    for (const auto& [type, value, shown] : unset)
+        EXPECT_EQ(FormatByType(test.program, value, type), shown) << type;
 
     test.Insert("TabDotSet", {{"Name", "金额型"}, {"Num", 1}});
     EXPECT_EQ(FormatByType(test.program, 1234.56, "货币型"), "1,234.6");

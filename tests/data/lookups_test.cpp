@@ -7,11 +7,12 @@
 namespace {
 void InsertTree(TestProgram& test, const char* table)
 {
-    test.Insert(table, {{"Code", "01"}, {"Name", "原材料"}, {"ParentCode", "0"}});
-    test.Insert(table, {{"Code", "0101"}, {"Name", "钢材"}, {"ParentCode", "01"}});
-    test.Insert(table, {{"Code", "010101"}, {"Name", "螺纹钢"}, {"ParentCode", "0101"}});
-    test.Insert(table, {{"Code", "02"}, {"Name", "孤儿"}, {"ParentCode", "99"}});
-    test.Insert(table, {{"Code", "03"}, {"Name", "环"}, {"ParentCode", "03"}});
+    for (const auto& [code, name, parent] : {std::tuple("01", "原材料", "0"),
+                                             {"0101", "钢材", "01"},
+                                             {"010101", "螺纹钢", "0101"},
+                                             {"02", "孤儿", "99"},
+                                             {"03", "环", "03"}})
+        test.Insert(table, {{"Code", code}, {"Name", name}, {"ParentCode", parent}});
 }
 } // namespace
 
@@ -75,10 +76,10 @@ TEST(Lookups, CurrencyAndTemplates)
     EXPECT_EQ(SumQueryAmount(test.program, Sql("select sum(Rate) as sumJE from TabMoneyType")),
               Currency::FromUnits(78000));
 
-    test.Insert("TabExcelTable", {{"TabName", "乙"}, {"TabType", "同价调拨单"}, {"OrderBy", 2}});
-    test.Insert("TabExcelTable", {{"TabName", "丙"}, {"TabType", "同价调拨单"}, {"OrderBy", 1}});
+    test.Insert("TabExcelTable", {{"TabName", "乙"}, {"TabType", "同价调拨单"}, {"OrderBy", 1}});
+    test.Insert("TabExcelTable", {{"TabName", "丙"}, {"TabType", "同价调拨单"}, {"OrderBy", 2}});
     test.Insert("TabExcelTable", {{"TabName", "甲"}, {"TabType", "盘点报损单"}, {"OrderBy", 0}});
-    EXPECT_EQ(TemplateNames(test.program, "同价调拨单"), QStringList({"丙", "乙"}));
+    EXPECT_EQ(TemplateNames(test.program, "同价调拨单"), QStringList({"乙", "丙"}));
 }
 
 TEST(Lookups, UnitRatioIsSinglePrecision)

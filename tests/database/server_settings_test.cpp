@@ -50,12 +50,7 @@ TEST(ServerSettings, AValueNeverEndsItsPlaceInTheString)
 {
     ServerSettings postgres;
     postgres.kind = ServerKind::PostgreSql;
-    struct Case
-    {
-        const char* password;
-        const char* written;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"secret", ";PWD=secret;"},
         {"", ";PWD=;"},
         {"a;Server=evil", ";PWD={a;Server=evil};"},
@@ -63,13 +58,13 @@ TEST(ServerSettings, AValueNeverEndsItsPlaceInTheString)
         {"x;PWD=y; z", ";PWD={x;PWD=y; z};"},
         {"密 码", ";PWD={密 码};"},
     };
-    for (const Case& c : cases) {
-        const ServerAddress address = AddressOf(QString(kHandedOver).arg(c.password));
-        EXPECT_EQ(address.password.toStdString(), c.password);
+    for (const auto& [password, written] : cases) {
+        const ServerAddress address = AddressOf(QString(kHandedOver).arg(password));
+        EXPECT_EQ(address.password.toStdString(), password);
         EXPECT_EQ(address.server.toStdString() + " " + address.port.toStdString(), "10.0.0.9 1433");
         EXPECT_EQ(address.database.toStdString() + " " + address.user.toStdString(), "books sa");
         for (const ServerSettings& settings : {ServerSettings{}, postgres})
-            EXPECT_TRUE(DriverConnection(settings, address).contains(c.written))
+            EXPECT_TRUE(DriverConnection(settings, address).contains(written))
                 << DriverConnection(settings, address).toStdString();
     }
 }

@@ -6,71 +6,23 @@
 
 namespace {
 
-/// Texts of goods, and what another program or an import may have left in the place of one.
-const std::vector<Value> kTexts = {
-    {},
-    QString(),
-    QString("%"),
-    QString("_"),
-    QString("a"),
-    QString("A"),
-    QString("@"),
-    QString("`"),
-    QString("[z{Z"),
-    QString("qxzw"),
-    QString("0101QXZW"),
-    QString("qxz qxzqxzW qx"),
-    QString("12345678qxzw"),
-    QString("1234567qxz8QXzW9"),
-    QString("1234567890123456789012345678901234567890qxzw"),
-    QString("商品"),
-    QString("红色商品 Pin"),
-    QString("商商品pIN商品PIN"),
-    QString("晶品日 晶 品"),
-    QString("É é ß ẞ K k"),
-    QString("50%_纯棉"),
-    QString("a") + QChar(0) + "qxzw",
-    QString(300, 'q') + "xzw",
-    qint64(12050),
-    -3.5,
-    1e20,
-    QByteArray("qxzw"),
-};
+std::vector<Value> Values(const QString& texts, std::vector<Value> others)
+{
+    for (const QString& text : texts.split('|'))
+        others.emplace_back(text);
+    return others;
+}
 
-const std::vector<Value> kPatterns = {
-    {},
-    QString(),
-    QString("%"),
-    QString("%%"),
-    QString("%%%"),
-    QString("%_%"),
-    QString("_"),
-    QString("%a%"),
-    QString("%A%"),
-    QString("%@%"),
-    QString("%`%"),
-    QString("%z%"),
-    QString("%[z%"),
-    QString("%{Z%"),
-    QString("%qxzw%"),
-    QString("%QxZw%"),
-    QString("%qxzw"),
-    QString("qxzw%"),
-    QString("%q_zw%"),
-    QString("%q%w%"),
-    QString("%商%"),
-    QString("%商品%"),
-    QString("%品pin%"),
-    QString("%é%"),
-    QString("%k%"),
-    QString("%%纯%"),
-    QString("%05%"),
-    QString("%.%"),
-    QString("%") + QString(40, 'Q') + "X%",
-    QString("%a") + QChar(0) + "qxzw%",
-    qint64(12050),
-    QByteArray("%qxzw%"),
-};
+/// Texts of goods, and what another program or an import may have left in the place of one.
+const std::vector<Value> kTexts = Values(
+    "|%|_|a|A|@|`|[z{Z|qxzw|0101QXZW|qxz qxzqxzW qx|12345678qxzw|1234567qxz8QXzW9|"
+    "1234567890123456789012345678901234567890qxzw|商品|红色商品 Pin|商商品pIN商品PIN|晶品日 晶 品|É é ß ẞ K k|50%_纯棉",
+    {{}, QString("a") + QChar(0) + "qxzw", QString(300, 'q') + "xzw", qint64(12050), -3.5, 1e20, QByteArray("qxzw")});
+
+const std::vector<Value> kPatterns = Values(
+    "|%|%%|%%%|%_%|_|%a%|%A%|%@%|%`%|%z%|%[z%|%{Z%|%qxzw%|%QxZw%|%qxzw|qxzw%|%q_zw%|%q%w%|%商%|%商品%|%品pin%|%é%|%k%|"
+    "%%纯%|%05%|%.%",
+    {{}, "%" + QString(40, 'Q') + "X%", QString("%a") + QChar(0) + "qxzw%", qint64(12050), QByteArray("%qxzw%")});
 
 class SqliteLike : public testing::Test
 {

@@ -8,17 +8,11 @@ std::string Squeezed(const std::string& words)
 {
     return std::regex_replace(std::regex_replace(words, std::regex("\\s+"), " "), std::regex("^ | $"), "");
 }
-
-struct Case
-{
-    const char* ours;
-    const char* sqlite;
-};
 } // namespace
 
 TEST(StatementMapping, SaysItsFormsInSqlitesWords)
 {
-    const Case cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"select a from T where b=?", "select a from T where b=?"},
         {"select top 1 Datee from TabTurn   where Datee<=?  order by Datee desc ",
          "select Datee from TabTurn where Datee<=? order by Datee desc limit 1"},
@@ -53,6 +47,6 @@ TEST(StatementMapping, SaysItsFormsInSqlitesWords)
         {"update", "update"},
         {"select top", "select top"},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(Squeezed(MapForSqlite(c.ours)), c.sqlite) << c.ours;
+    for (const auto& [ours, sqlite] : cases)
+        EXPECT_EQ(Squeezed(MapForSqlite(ours)), sqlite) << ours;
 }

@@ -1,67 +1,91 @@
 #include "dialogs/frmBillPos.h"
 
-#include "support/test_program.h"
-
-#include <QApplication>
-#include <QCheckBox>
-#include <QLineEdit>
-#include <QTest>
-#include <gtest/gtest.h>
+#include "support/window.h"
 
 namespace {
 
-class ScanWindow : public testing::Test
+class ScanWindow : public WindowOf<frmBillPos>
 {
 protected:
     ScanWindow()
     {
-        test.Insert("TabWare", {{"Code", "G1"}, {"Name", "螺丝"}, {"TiaoXingCode", "690001"}});
-        const ScannedBill bill{[](const QString&) { return QString("2.5"); },
-                               [this](const QString& code, double amount, double price) {
-                                   lines += QString("%1 %2 %3").arg(code).arg(amount).arg(price);
-                               }};
-        window.emplace(test.program, bill, nullptr);
-        window->show();
-        QApplication::setActiveWindow(&*window);
+        for (const auto& [code, name] : {std::pair("G1", "螺丝"), {"G2", "螺母"}})
+            test.Insert("TabWare", {{"Code", code}, {"Name", name}, {"TiaoXingCode", "690001"}});
+        const auto add = [this](const QString& code, double amount, double unitPrice) {
+            lines += QString("%1 %2 %3").arg(code).arg(amount).arg(unitPrice);
+        };
+        ShowNew(ScannedBill{[this](const QString& code) { return code == "G1" ? price : QString("?"); }, add}, nullptr);
     }
-    QLineEdit& Box(const char* name) { return *window->findChild<QLineEdit*>(name); }
-    QString Focus() { return QApplication::focusWidget()->objectName(); }
-    /// Text and Enter where the focus is, as a scanner and a hurried user send them.
-    void Enter(const char* text)
+    QString Boxes()
     {
-        QTest::keyClicks(QApplication::focusWidget(), text);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QStringList texts;
+        for (const char* box : {"TxtTiaoXingCode", "TxtWareCode", "TxtWareName", "TxtAmount", "TxtPrice"})
+            texts << Box(box);
+        return texts.join('|');
     }
 
-    TestProgram test;
+    QString price = "2.5";
     QStringList lines;
-    std::optional<frmBillPos> window;
 };
-
-} // namespace
 
 TEST_F(ScanWindow, EnterLeadsThroughALineAndBackToTheNextScan)
 {
+    price = "1,234.5";
     EXPECT_EQ(Focus(), "TxtTiaoXingCode");
-    Enter("690001");
+    TypeAndEnter({" 690001 "});
     EXPECT_EQ(Focus(), "TxtAmount");
-    EXPECT_EQ(Box("TxtWareName").text(), "螺丝");
-    Enter("1-2x"); // replaces the 1
+    EXPECT_EQ(Boxes(), " 690001 |G1|螺丝|1|1,234.5") << "the first good of the barcode";
+    TypeAndEnter({"1-2x"}); // replaces the 1
     EXPECT_EQ(Focus(), "TxtPrice");
-    Enter(""); // leads to the button
-    Enter("");
-    EXPECT_EQ(lines, QStringList("G1 12 2.5"));
+    TypeAndEnter({"", ""}); // leads to the button, and presses it
+    EXPECT_EQ(lines, QStringList("G1 12 1234.5"));
     EXPECT_EQ(Focus(), "TxtTiaoXingCode");
-    EXPECT_EQ(Box("TxtAmount").text(), "1");
+    EXPECT_EQ(Boxes(), "|||1|");
 }
 
 TEST_F(ScanWindow, ScansFollowEachOtherUnaided)
 {
-    window->findChild<QCheckBox*>("ChAutoIn")->setChecked(true);
-    Enter("690001");
-    Enter("1234567"); // unknown
-    Enter("690001");  // replaces it
+    Click("ChAutoIn");
+    TypeAndEnter({"690001", "1234567", "' or '1'='1", "690001"}); // each replaces an unknown one
     EXPECT_EQ(lines, QStringList({"G1 1 2.5", "G1 1 2.5"}));
-    EXPECT_EQ(Box("TxtTiaoXingCode").text(), "");
+    EXPECT_EQ(Boxes(), "|||1|");
     EXPECT_TRUE(test.prompt.boxes.empty());
 }
+
+TEST_F(ScanWindow, AnUnknownBarcodeLeavesNoGoodBehind)
+{
+    TypeAndEnter({"  ", "690001"});
+    EXPECT_EQ(test.Boxes(), "请先输入条形码！");
+    Press({Qt::Key_Backtab});
+    TypeAndEnter({"x"});
+    EXPECT_EQ(Boxes(), "x|||1|");
+    Click("CmdOk");
+    EXPECT_EQ(test.Boxes(), "条形码对应的商品编号不存在，请重新录入条形码！");
+    EXPECT_EQ(Focus(), "TxtTiaoXingCode");
+    EXPECT_TRUE(lines.isEmpty());
+}
+
+TEST_F(ScanWindow, AsksForAQuantityAndAboutNoPrice)
+{
+    price.clear();
+    TypeAndEnter({"690001", "0.00", "", ""});
+    EXPECT_EQ(test.Boxes(), "商品数量不能为零！请输入商品数量！");
+    EXPECT_EQ(Focus(), "TxtAmount");
+
+    Click("ChZeroPrice");
+    test.prompt.answers = {false, true};
+    TypeAndEnter({"3", "", ""});
+    EXPECT_EQ(Focus(), "TxtPrice");
+    EXPECT_EQ(Boxes(), "690001|G1|螺丝|3|");
+    EXPECT_TRUE(lines.isEmpty());
+    TypeAndEnter({"", ""});
+    EXPECT_EQ(test.Boxes(), "商品单价为零吗？|商品单价为零吗？");
+    EXPECT_EQ(lines, QStringList("G1 3 0"));
+
+    Click("ChZeroPrice");
+    TypeAndEnter({"690001", "2", "", ""});
+    EXPECT_EQ(lines.value(1), "G1 2 0");
+    EXPECT_EQ(test.Boxes(), "");
+}
+
+} // namespace

@@ -1,18 +1,13 @@
 #include "dialogs/frmCode.h"
 
-#include "support/test_program.h"
+#include "support/window.h"
 
-#include <QApplication>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTableView>
-#include <QTest>
 #include <QTreeView>
-#include <gtest/gtest.h>
 
 namespace {
 
-class GoodsPickerWindow : public testing::Test
+class GoodsPickerWindow : public WindowOf<frmCode>
 {
 protected:
     GoodsPickerWindow()
@@ -30,116 +25,94 @@ protected:
         EXPECT_TRUE(unit.Commit());
     }
 
-    frmCode& Open(const Sql& firstRows = {})
-    {
-        window.emplace(test.program, *FindPickerList("TabWare"), firstRows, QString(), nullptr);
-        window->show();
-        QApplication::setActiveWindow(&*window);
-        return *window;
-    }
-    QLineEdit& Box(const char* name) { return *window->findChild<QLineEdit*>(name); }
-    QTableView& List() { return *window->findChild<QTableView*>("MSH"); }
-    QTreeView& Tree() { return *window->findChild<QTreeView*>("TreeView_Type"); }
-    void Press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
-    void Type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), text); }
-    void Click(const char* button) { window->findChild<QPushButton*>(button)->click(); }
-    QString ListCode(int row) { return List().model()->index(row, 1).data().toString(); }
-    QString Picked() { return window->picked() ? window->picked()->Code : QString("-"); }
-
-    TestProgram test;
-    std::optional<frmCode> window;
+    void Open(const Sql& firstRows = {}) { ShowNew(*FindPickerList("TabWare"), firstRows, QString(), nullptr); }
+    QTableView* List() { return Find<QTableView>("MSH"); }
+    QTreeView* Tree() { return Find<QTreeView>("TreeView_Type"); }
+    QString ListCode(int row) { return List()->model()->index(row, 1).data().toString(); }
+    QString Picked() { return window->picked() ? window->picked()->Code + window->picked()->Name : QString("-"); }
 };
-
-} // namespace
 
 TEST_F(GoodsPickerWindow, IsWorkedByKeysAlone)
 {
-    EXPECT_EQ(Open().windowTitle(), "选择商品");
-    EXPECT_EQ(QApplication::focusWidget(), &Box("TxtCode"));
-    Type("A2");
+    Open();
+    EXPECT_EQ(window->windowTitle(), "选择商品");
+    EXPECT_EQ(Focus(), "TxtCode");
+    TypeText("A2");
     EXPECT_EQ(ListCode(0), "A200");
-    Press(Qt::Key_Down);
-    EXPECT_EQ(Box("TxtCode").text(), "A200");
-    EXPECT_EQ(Box("TxtName").text(), "螺丝200");
-    Press(Qt::Key_Down);
-    Press(Qt::Key_Return);
-    EXPECT_EQ(Picked(), "A201");
+    Press({Qt::Key_Down});
+    EXPECT_EQ(Box("TxtCode") + Box("TxtName"), "A200螺丝200");
+    Press({Qt::Key_Down, Qt::Key_Return});
+    EXPECT_EQ(Picked(), "A201螺丝201");
     EXPECT_FALSE(window->isVisible());
 }
 
 TEST_F(GoodsPickerWindow, EnterInABoxTakesTheOnlyRowOrTheExactCodeAndElseLeadsToTheList)
 {
     Open();
-    Box("TxtZJF").setFocus();
-    Type("O");
-    Press(Qt::Key_Return); // two rows are left
+    Find<QLineEdit>("TxtZJF")->setFocus();
+    TypeAndEnter({"O"}); // two rows are left
     EXPECT_EQ(Picked(), "-");
-    EXPECT_EQ(QApplication::focusWidget(), &List());
-    EXPECT_EQ(Box("TxtCode").text(), "B1");
-    Press(Qt::Key_Up);
-    EXPECT_EQ(QApplication::focusWidget(), &Box("TxtCode"));
-    Type("b2");
-    Press(Qt::Key_Return);
-    EXPECT_EQ(Picked(), "B2");
+    EXPECT_EQ(Focus(), "MSH");
+    EXPECT_EQ(Box("TxtCode"), "B1");
+    Press({Qt::Key_Up});
+    EXPECT_EQ(Focus(), "TxtCode");
+    TypeAndEnter({"b2"});
+    EXPECT_EQ(Picked(), "B2O'Neil");
 }
 
 TEST_F(GoodsPickerWindow, NeedsAChoiceForOk)
 {
     Open();
     Click("CmdOk");
-    Box("TxtName").setFocus();
-    Type("'");
-    EXPECT_EQ(List().model()->rowCount(), 2);
+    TypeText("B");
+    Click("CmdOk"); // no whole code
+    Find<QLineEdit>("TxtName")->setFocus();
+    TypeText("'");
+    EXPECT_EQ(List()->model()->rowCount(), 2);
     Click("CmdOk"); // a filter is no choice
-    EXPECT_EQ(test.prompt.TakeTexts(), QStringList({"请选择名称！", "请选择名称！"}));
+    EXPECT_EQ(test.Boxes(), "请选择名称！|请选择名称！|请选择名称！");
     EXPECT_TRUE(window->isVisible());
-    List().selectRow(1);
+    List()->selectRow(1);
     Click("CmdOk");
-    EXPECT_EQ(Picked(), "B2");
+    EXPECT_EQ(Picked(), "B2O'Neil");
 }
 
-TEST_F(GoodsPickerWindow, EscLeavesWithoutAChoice)
+TEST_F(GoodsPickerWindow, FetchesWhileScrolledAndEscLeavesWithoutAChoice)
 {
     Open();
-    Press(Qt::Key_Down);
-    Press(Qt::Key_Escape);
-    EXPECT_FALSE(window->isVisible());
-    EXPECT_EQ(Picked(), "-");
-}
-
-TEST_F(GoodsPickerWindow, FetchesWhileScrolledAndHoldsNoMore)
-{
-    Open();
-    EXPECT_EQ(List().model()->rowCount(), 200);
-    Press(Qt::Key_Down);
+    EXPECT_EQ(List()->model()->rowCount(), 200);
+    Press({Qt::Key_Down});
     for (int page = 0; page < 3; ++page) {
-        Press(Qt::Key_End);
+        Press({Qt::Key_End});
         QApplication::processEvents();
     }
-    EXPECT_EQ(List().model()->rowCount(), 452);
+    EXPECT_EQ(List()->model()->rowCount(), 452);
     EXPECT_EQ(ListCode(451), "B2");
+    Press({Qt::Key_Escape});
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(Picked(), "-");
 }
 
 TEST_F(GoodsPickerWindow, ANodeShowsWhatIsBelowItAndEndsAFilter)
 {
     Open();
-    Type("B");
-    EXPECT_EQ(List().model()->rowCount(), 2);
-    const QModelIndex top = Tree().model()->index(0, 0);
-    EXPECT_TRUE(Tree().isExpanded(top));
-    Tree().setFocus();
-    Press(Qt::Key_Down);
-    EXPECT_EQ(Tree().currentIndex().data().toString(), "类A");
-    EXPECT_EQ(Box("TxtCode").text(), "");
-    EXPECT_EQ(ListCode(0), "A001");
-    Tree().setCurrentIndex(top.model()->index(1, 0, top));
+    TypeText("B");
+    EXPECT_EQ(List()->model()->rowCount(), 2);
+    const QModelIndex top = Tree()->model()->index(0, 0);
+    EXPECT_TRUE(Tree()->isExpanded(top));
+    Tree()->setFocus();
+    Press({Qt::Key_Down});
+    EXPECT_EQ(Tree()->currentIndex().data().toString(), "类A");
+    EXPECT_EQ(Box("TxtCode"), "");
+    EXPECT_EQ(ListCode(0), "A001") << "of the type below";
+    Tree()->setCurrentIndex(top.model()->index(1, 0, top));
     EXPECT_EQ(ListCode(0), "B1");
-    EXPECT_EQ(List().model()->rowCount(), 2);
+    EXPECT_EQ(List()->model()->rowCount(), 2);
 
     test.Insert("TabWare", {{"Code", "B0"}, {"TypeCode", "B"}});
     Click("CmdRefresh");
     EXPECT_EQ(ListCode(0), "B0");
-    EXPECT_EQ(Tree().currentIndex().data().toString(), "类B");
+    EXPECT_EQ(Tree()->currentIndex().data().toString(), "类B");
 }
 
 TEST_F(GoodsPickerWindow, OpensWithTheRowsItWasAskedFor)
@@ -147,7 +120,9 @@ TEST_F(GoodsPickerWindow, OpensWithTheRowsItWasAskedFor)
     Open(Sql("select TabWare.Code,TabWare.Name,TabWare.Spec,TabWare.Unite,TabWare.ZJF  from TabWare   where "
              "(TabWare.Name like ") +
          QString("O%") + "   or TabWare.ZJF like " + QString("O%") + " )  order by TabWare.code ");
-    EXPECT_EQ(List().model()->rowCount(), 2);
-    Box("TxtCode").insert(QString(5000, QChar(u'%')));
+    EXPECT_EQ(List()->model()->rowCount(), 2);
+    Find<QLineEdit>("TxtCode")->insert(QString(5000, QChar(u'%')));
     EXPECT_TRUE(test.prompt.boxes.empty());
 }
+
+} // namespace

@@ -11,73 +11,67 @@ namespace {
 class BackupTest : public testing::Test
 {
 protected:
-    QString Folder(const QString& name) const { return m_test.program.folder + "/" + name; }
-
-    void WriteData(const QString& name, const QByteArray& content)
+    QString Folder(const QString& name) const { return test.program.folder + "/" + name; }
+    void WriteData(const QString& name, const QByteArray& content = "content")
     {
         QFile file(Folder("Data/" + name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(content);
     }
-
+    /// Makes the backup and gives its boxes, each behind its kind.
+    QStringList BackUp()
+    {
+        BackUpDataFolder(test.program);
+        QStringList texts;
+        for (const ScriptedPrompt::Box& box : std::exchange(test.prompt.boxes, {}))
+            texts << box.kind + ": " + box.text;
+        return texts;
+    }
     static QStringList FilesIn(const QString& folder) { return QDir(folder).entryList(QDir::Files, QDir::Name); }
 
-    TestProgram m_test;
+    TestProgram test;
+    const QString unforeseen = "warn: 发生不可预见性错误，自动备份失败！";
 };
 
 TEST_F(BackupTest, ACopyOfADatabaseInUseHoldsEveryCommittedRow)
 {
     ASSERT_TRUE(QDir().mkdir(Folder("DataBak")));
-    m_test.Insert("TabWare", {{"Code", "0101"}, {"Name", "O'Neil 螺丝"}});
-    ASSERT_EQ(m_test.program.gConnection.State(), 1);
-    const QString database = QFileInfo(m_test.databasePath()).fileName();
+    test.Insert("TabWare", {{"Code", "0101"}, {"Name", "O'Neil 螺丝"}});
+    ASSERT_EQ(test.program.gConnection.State(), 1);
+    const QString database = QFileInfo(test.databasePath()).fileName();
     ASSERT_TRUE(FilesIn(Folder("Data")).contains(database + "-wal"));
 
-    BackUpDataFolder(m_test.program);
-    EXPECT_EQ(m_test.prompt.TakeTexts(), QStringList());
+    EXPECT_EQ(BackUp(), QStringList());
     const QString target = Folder("DataBak/2023-2-8-9300/");
-    const QString copy = database.left(database.size() - 4) + ".VTB";
+    const QString copy = database.chopped(4) + ".VTB";
     EXPECT_EQ(FilesIn(target), QStringList(copy));
-    const auto store = OpenSqliteFile(target + copy);
-    EXPECT_EQ(store->Run(Sql("select Name from TabWare")).Text("Name"), "O'Neil 螺丝");
+    EXPECT_EQ(OpenSqliteFile(target + copy)->Run(Sql("select Name from TabWare")).Text("Name"), "O'Neil 螺丝");
 }
 
 TEST_F(BackupTest, NamesLoseFourCharactersWhateverTheyAre)
 {
     QTemporaryDir root;
-    m_test.Insert("TabAutoBakPath", {{"PathName", " " + root.path() + "/bak "}});
-    WriteData("README", "no point in it");
-    WriteData("notes.a", "1");
-    WriteData("old.accdb", "2");
-    WriteData("sheet-wal.txt", "3");
-    BackUpDataFolder(m_test.program);
-    const QStringList names = FilesIn(root.path() + "/bak2023-2-8-9300");
-    EXPECT_EQ(names.filter("old"), QStringList("old.a.VTB"));
-    EXPECT_EQ(names.filter("not"), QStringList("not.VTB"));
-    EXPECT_EQ(names.filter("sheet"), QStringList("sheet-wal.VTB"));
-    EXPECT_EQ(names.filter("README"), QStringList());
-    EXPECT_EQ(m_test.prompt.TakeTexts(), QStringList());
+    test.Insert("TabAutoBakPath", {{"PathName", " " + root.path() + "/bak "}});
+    for (const char* name : {"README", "notes.a", "old.accdb", "sheet-wal.txt"}) // the first without a point in it
+        WriteData(name);
+    EXPECT_EQ(BackUp(), QStringList());
+    EXPECT_EQ(FilesIn(root.path() + "/bak2023-2-8-9300"),
+              QStringList({"not.VTB", "old.a.VTB", "sheet-wal.VTB", "tes.VTB"}));
 }
 
 TEST_F(BackupTest, SaysWhyThereIsNoBackup)
 {
-    BackUpDataFolder(m_test.program);
-    EXPECT_EQ(m_test.prompt.boxes.front().kind, "warn");
-    EXPECT_EQ(m_test.prompt.TakeTexts(), QStringList("发生不可预见性错误，自动备份失败！"));
-
+    EXPECT_EQ(BackUp(), QStringList(unforeseen));
     ASSERT_TRUE(QDir().mkpath(Folder("DataBak/2023-2-8-9300")));
-    BackUpDataFolder(m_test.program);
-    EXPECT_EQ(m_test.prompt.boxes.front().kind, "inform");
-    EXPECT_EQ(m_test.prompt.TakeTexts(), QStringList("自动生成的备份文件名已经存在，自动备份失败！"));
+    EXPECT_EQ(BackUp(), QStringList("inform: 自动生成的备份文件名已经存在，自动备份失败！"));
 }
 
 TEST_F(BackupTest, ADamagedDatabaseIsToldAndTheOthersAreCopied)
 {
     ASSERT_TRUE(QDir().mkdir(Folder("DataBak")));
     WriteData("aaa.mdb", QByteArray("SQLite format 3\0", 16) + QByteArray(4096, 'x'));
-    WriteData("zzz.txt", "whole");
-    BackUpDataFolder(m_test.program);
-    EXPECT_EQ(m_test.prompt.TakeTexts(), QStringList("发生不可预见性错误，自动备份失败！"));
+    WriteData("zzz.txt");
+    EXPECT_EQ(BackUp(), QStringList(unforeseen));
     const QStringList names = FilesIn(Folder("DataBak/2023-2-8-9300"));
     EXPECT_FALSE(names.contains("aaa.VTB"));
     EXPECT_TRUE(names.contains("zzz.VTB"));

@@ -58,19 +58,14 @@ private:
 
 } // namespace
 
-TEST_F(OnDarkDesktop, ABillHasNoPaleGround)
+TEST_F(OnDarkDesktop, NoWindowHasAPaleGround)
 {
-    OpenNew("同价调拨");
-    TypeHead();
-    TypeAndEnter({"A001"});
+    OpenTransfer();
     Press({Qt::Key_Down});
     TypeText("A");
     ASSERT_TRUE(Shown("PicSelect"));
     EXPECT_LT(WidestLightArea(*window), kLetter);
-}
 
-TEST_F(OnDarkDesktop, TheOtherWindowsHaveNoPaleGround)
-{
     test.program.parameters.OperateType = "商品组装";
     frmGroupPiece assembly(test.program);
     assembly.setAttribute(Qt::WA_DeleteOnClose, false);

@@ -22,13 +22,12 @@ TEST(Settings, BelongToTheBrand)
 {
     const QTemporaryDir folder;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
-    RunParameters first;
-    first.SoftType = "QV ";
-    RunParameters second;
-    second.SoftType = "Z3";
-    EXPECT_TRUE(WriteSetting(*OpenSettings(first), kPictureSetting, "/pictures/hall.png"));
-    EXPECT_EQ(ReadSetting(*OpenSettings(first), kPictureSetting), "/pictures/hall.png");
-    EXPECT_EQ(ReadSetting(*OpenSettings(second), kPictureSetting), "");
+    RunParameters brand;
+    brand.SoftType = "QV ";
+    EXPECT_TRUE(WriteSetting(*OpenSettings(brand), kPictureSetting, "/pictures/hall.png"));
+    EXPECT_EQ(ReadSetting(*OpenSettings(brand), kPictureSetting), "/pictures/hall.png");
+    brand.SoftType = "Z3";
+    EXPECT_EQ(ReadSetting(*OpenSettings(brand), kPictureSetting), "");
 }
 
 } // namespace

@@ -13,12 +13,7 @@ constexpr QStringView kInTheSuite = u"非单独操作";
 
 TEST(Start, TheDirectivesDecideWhichWindowComesFirst)
 {
-    struct Case
-    {
-        QString operation, word;
-        FirstWindow inTheSuite, alone;
-    };
-    const Case cases[] = {
+    const std::tuple<QString, QString, FirstWindow, FirstWindow> cases[] = {
         {"", "  同价调拨 ", FirstWindow::RecalledBill, FirstWindow::RecalledBill},
         {"", "盘点报溢", FirstWindow::RecalledBill, FirstWindow::RecalledBill},
         {"", "商品拆卸", FirstWindow::RecalledAssembly, FirstWindow::RecalledAssembly},
@@ -29,12 +24,12 @@ TEST(Start, TheDirectivesDecideWhichWindowComesFirst)
         {"商品组装", "", FirstWindow::MainWindow, FirstWindow::None},
         {"同价调拨", "商品组装", FirstWindow::RecalledAssembly, FirstWindow::NewBill},
     };
-    for (const Case& start : cases) {
+    for (const auto& [operation, word, inTheSuite, alone] : cases) {
         RunParameters parameters;
-        parameters.OperateType = start.operation;
-        parameters.OperationsDirective2 = start.word;
-        EXPECT_EQ(FirstWindowOf(parameters, kInTheSuite), start.inTheSuite) << start.word.toStdString();
-        EXPECT_EQ(FirstWindowOf(parameters, kStandAloneMode), start.alone) << start.word.toStdString();
+        parameters.OperateType = operation;
+        parameters.OperationsDirective2 = word;
+        EXPECT_EQ(FirstWindowOf(parameters, kInTheSuite), inTheSuite) << word.toStdString();
+        EXPECT_EQ(FirstWindowOf(parameters, kStandAloneMode), alone) << word.toStdString();
     }
 }
 
@@ -42,9 +37,8 @@ TEST(Start, WithoutAHandOverNothingStarts)
 {
     TestProgram test;
     EXPECT_EQ(Main(test.folder.path(), test.prompt, test.clock, kInTheSuite), nullptr);
-    ASSERT_EQ(test.prompt.boxes.size(), 1u);
-    EXPECT_EQ(test.prompt.boxes[0].kind, "warn");
-    EXPECT_EQ(test.prompt.boxes[0].text, "读取系统参数失败，本模块启动终止！请重新操作！");
+    EXPECT_EQ(test.prompt.boxes.at(0).kind, "warn");
+    EXPECT_EQ(test.Boxes(), "读取系统参数失败，本模块启动终止！请重新操作！");
     EXPECT_EQ(test.program.gConnection.State(), 0);
 }
 
@@ -53,21 +47,16 @@ TEST(Start, AWordThatNamesNothingEndsAModuleSoldAlone)
     TestProgram test;
     ASSERT_TRUE(WriteRunParameters(test.folder.path(), test.program.parameters, {"", "商品入库", "", "", ""}));
     EXPECT_EQ(Main(test.folder.path(), test.prompt, test.clock, kStandAloneMode), nullptr);
-    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("读取系统运行参数失败，本模块运行自动终止，请重新操作！"));
+    EXPECT_EQ(test.Boxes(), "读取系统运行参数失败，本模块运行自动终止，请重新操作！");
 }
 
 TEST(Start, ASavedBillOpensAndTheHandOverIsGone)
 {
-    struct Case
-    {
-        QString word, table;
-    };
-    for (const Case& bill : {Case{"盘点报溢", "TabCheckOver"}, Case{"商品拆卸", "TabWarePiece"}}) {
+    for (const auto& [table, word] : {std::pair("TabCheckOver", QString("盘点报溢")), {"TabWarePiece", "商品拆卸"}}) {
         TestProgram test;
-        test.InsertBill(bill.table.toUtf8(), {{"Code", "BILL1"}, {"Datee", QDate(2023, 2, 8)}},
-                        {{{"WareCode", "A001"}}});
+        test.InsertBill(table, {{"Code", "BILL1"}, {"Datee", QDate(2023, 2, 8)}}, {{{"WareCode", "A001"}}});
         ASSERT_TRUE(WriteRunParameters(test.folder.path(), test.program.parameters,
-                                       {bill.word + "原单查看", bill.word, " " + bill.table + " ", "BILL1 ", ""}));
+                                       {word + "原单查看", word, QString(" %1 ").arg(table), "BILL1 ", ""}));
         const auto program = Main(test.folder.path(), test.prompt, test.clock, kInTheSuite);
         ASSERT_TRUE(program);
         EXPECT_FALSE(QFile::exists(test.folder.filePath("CfgVault.dll")));
@@ -76,7 +65,7 @@ TEST(Start, ASavedBillOpensAndTheHandOverIsGone)
             if (window->isVisible())
                 shown << window;
         ASSERT_EQ(shown.size(), 1);
-        EXPECT_EQ(shown.front()->windowTitle(), bill.word + "单 BILL1");
+        EXPECT_EQ(shown.front()->windowTitle(), word + "单 BILL1");
         EXPECT_TRUE(program->parameters.IsAccess);
         delete shown.front();
     }

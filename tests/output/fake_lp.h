@@ -7,6 +7,25 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+/// Where programs are looked for while it lives.
+class SearchPath
+{
+public:
+    explicit SearchPath(const QByteArray& path) { qputenv("PATH", path); }
+    ~SearchPath() { qputenv("PATH", m_own); }
+    SearchPath(const SearchPath&) = delete;
+    SearchPath& operator=(const SearchPath&) = delete;
+
+private:
+    const QByteArray m_own = qgetenv("PATH");
+};
+
+/// No program is found while it lives.
+struct NoPrograms : SearchPath
+{
+    NoPrograms() : SearchPath("/nowhere") {}
+};
+
 class FakeLp
 {
 public:
@@ -18,13 +37,8 @@ public:
         const QByteArray folder = m_folder.path().toUtf8();
         lp.write(refusal.isEmpty() ? "#!/bin/sh\necho \"$2\" >> " + folder + "/titles\ncp \"$3\" " + folder + "/paper\n"
                                    : "#!/bin/sh\necho '" + refusal + "' >&2\nexit 1\n");
-        lp.close();
         lp.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        qputenv("PATH", folder + ":" + m_path);
     }
-    ~FakeLp() { qputenv("PATH", m_path); }
-    FakeLp(const FakeLp&) = delete;
-    FakeLp& operator=(const FakeLp&) = delete;
 
     /// What came out last, and the titles of all prints.
     QString paper() const { return Read("paper"); }
@@ -38,19 +52,6 @@ private:
         return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
     }
 
-    const QByteArray m_path = qgetenv("PATH");
     QTemporaryDir m_folder;
-};
-
-/// No program is found while it lives.
-class NoPrograms
-{
-public:
-    NoPrograms() { qputenv("PATH", "/nowhere"); }
-    ~NoPrograms() { qputenv("PATH", m_path); }
-    NoPrograms(const NoPrograms&) = delete;
-    NoPrograms& operator=(const NoPrograms&) = delete;
-
-private:
-    const QByteArray m_path = qgetenv("PATH");
+    const SearchPath m_path{m_folder.path().toUtf8() + ":" + qgetenv("PATH")};
 };

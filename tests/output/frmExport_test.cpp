@@ -1,9 +1,7 @@
 #include "bills/ware_window.h"
 #include "support/memory_workbook.h"
 
-#include <QAction>
 #include <QProgressBar>
-#include <QPushButton>
 
 namespace {
 
@@ -11,17 +9,12 @@ struct ExportTest : WareManageTest
 {
     MemorySpreadsheet& office = UseMemorySpreadsheet(test.program);
 
-    void OpenWithLine()
-    {
-        OpenNew("盘点报损");
-        TypeAndEnter({"101", "", "", "", "A001"});
-    }
-    void Export() { Find<QAction>("FExcle_PT")->trigger(); }
+    void Export() { Trigger("FExcle_PT"); }
 };
 
 TEST_F(ExportTest, WhatIsInSightGoesOut)
 {
-    OpenWithLine();
+    OpenLoss();
     Export();
     ASSERT_EQ(office.handedOver.size(), 1U);
     EXPECT_EQ(office.handedOver.front().book.front().Texts(),
@@ -34,11 +27,12 @@ TEST_F(ExportTest, WhatIsInSightGoesOut)
 
 TEST_F(ExportTest, AFailureIsSaidAndCanBeTriedAgain)
 {
-    OpenWithLine();
+    OpenLoss();
     office.failures["HandOver"] = {SpreadsheetError::Kind::NoDisplay, "no display"};
     InDialog([&](QWidget& dialog) {
-        const auto key = [&](const char* name) { return dialog.findChild<QPushButton*>(name); };
-        EXPECT_TRUE(QTest::qWaitFor([&] { return key("cmdExcel")->isEnabled() && !test.prompt.boxes.empty(); }));
+        const auto key = [&](const char* name) { return dialog.findChild<QAbstractButton*>(name); };
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return key("cmdExcel")->isEnabled() && !test.prompt.boxes.empty(); }, kPatience));
         EXPECT_EQ(dialog.windowTitle() + key("cmdExcel")->text() + key("cmdWord")->text() + key("cmdQuit")->text(),
                   "数据导出输出到Excel...输出到Word...退出(&Q)");
         EXPECT_FALSE(key("cmdWord")->isEnabled() || key("cmdHtml")->isEnabled());
@@ -49,17 +43,17 @@ TEST_F(ExportTest, AFailureIsSaidAndCanBeTriedAgain)
         EXPECT_FALSE(dialog.isVisible());
     });
     Export();
-    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("no display"));
+    EXPECT_EQ(test.Boxes(), "no display");
     EXPECT_EQ(office.handedOver.size(), 1U);
     EXPECT_EQ(dialogs, 1);
 }
 
 TEST_F(ExportTest, EscapeEndsTheCopyingAndThenLeaves)
 {
-    OpenWithLine();
+    OpenLoss();
     office.whileRunning = [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); };
     InDialog([&](QWidget& dialog) {
-        EXPECT_TRUE(QTest::qWaitFor([&] { return office.calls["Run"] == 1; }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return office.calls["Run"] == 1; }, kPatience));
         EXPECT_TRUE(dialog.isVisible());
         QTest::keyClick(&dialog, Qt::Key_Escape);
         EXPECT_FALSE(dialog.isVisible());
@@ -70,10 +64,10 @@ TEST_F(ExportTest, EscapeEndsTheCopyingAndThenLeaves)
 
 TEST_F(ExportTest, TheRightToPrintIsAskedFor)
 {
-    OpenWithLine();
+    OpenLoss();
     test.program.parameters.UserName = "nobody";
     Export();
-    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("没有操作权限！"));
+    EXPECT_EQ(test.Boxes(), "没有操作权限！");
     test.Insert("TabOperateRight", {{"UserName", "nobody"}, {"FunctionName", "盘点报损"}, {"AllowPrint", 1}});
     Export();
     EXPECT_EQ(office.handedOver.size(), 1U);

@@ -1,20 +1,15 @@
 #include "output/frmPrintPreview.h"
 
 #include "fake_lp.h"
-#include "support/test_program.h"
+#include "support/window.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QLabel>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QTest>
-#include <QTimer>
 
 namespace {
 
 /// A paper of three pages, each blank but for a bar in the colour of its number.
-class PrintPreviewTest : public testing::Test
+class PrintPreviewTest : public WindowOf<frmPrintPreview>
 {
 protected:
     PrintPreviewTest()
@@ -30,67 +25,60 @@ protected:
 
     void Open()
     {
-        window = std::make_unique<frmPrintPreview>(test.program, pdf, "TDD1", *PageSizes(pdf), nullptr);
+        ShowNew(pdf, "TDD1", *PageSizes(pdf), nullptr);
         window->resize(600, 500);
-        window->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     }
-    QString Place() { return window->findChild<QLabel*>("LabPage")->text(); }
-    QSize PageOnScreen() { return window->findChild<QLabel*>("PicPage")->pixmap().size(); }
+    QPixmap Page() { return Find<QLabel>("PicPage")->pixmap(); }
+    int Height() { return Page().height(); }
     /// Waits until the bar of a page is on the screen.
     bool Shows(int page)
     {
         return QTest::qWaitFor(
             [&] {
-                const QImage picture = window->findChild<QLabel*>("PicPage")->pixmap().toImage();
+                const QImage picture = Page().toImage();
                 return picture.pixelColor(picture.width() / 2, picture.height() / 5) == kColours[page - 1];
             },
-            20'000);
+            kPatience);
     }
-    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(window.get(), key, modifiers); }
 
     const QColor kColours[3] = {Qt::red, Qt::green, Qt::blue};
-    TestProgram test;
     const QString pdf = test.folder.filePath("paper.pdf");
-    std::unique_ptr<frmPrintPreview> window;
 };
 
 TEST_F(PrintPreviewTest, PagesAreTurnedByKeys)
 {
     Open();
     EXPECT_EQ(window->windowTitle(), "打印");
-    EXPECT_EQ(Place(), "第 1 页 / 共 3 页");
+    EXPECT_EQ(Text("LabPage"), "第 1 页 / 共 3 页");
     EXPECT_TRUE(Shows(1));
-    Press(Qt::Key_PageUp);
-    Press(Qt::Key_PageDown);
-    EXPECT_EQ(Place(), "第 2 页 / 共 3 页");
+    Press({Qt::Key_PageUp, Qt::Key_PageDown});
+    EXPECT_EQ(Text("LabPage"), "第 2 页 / 共 3 页");
     EXPECT_TRUE(Shows(2));
-    Press(Qt::Key_End);
+    Press({Qt::Key_End});
     EXPECT_TRUE(Shows(3));
-    EXPECT_FALSE(window->findChild<QAction*>("ToolBack")->isEnabled());
-    Press(Qt::Key_Home);
-    EXPECT_EQ(Place(), "第 1 页 / 共 3 页");
+    EXPECT_FALSE(Find<QAction>("ToolBack")->isEnabled());
+    Press({Qt::Key_Home});
+    EXPECT_EQ(Text("LabPage"), "第 1 页 / 共 3 页");
     EXPECT_TRUE(Shows(1));
-    Press(Qt::Key_Escape);
+    Press({Qt::Key_Escape});
     EXPECT_FALSE(window->isVisible());
 }
 
 TEST_F(PrintPreviewTest, ThePageIsShownWholeOrAsLargeAsWanted)
 {
     Open();
-    const QSize whole = PageOnScreen();
+    const QSize whole = Page().size();
     EXPECT_LT(whole.height(), 500);
     EXPECT_GT(whole.height(), 350);
-    Press(Qt::Key_Plus);
-    Press(Qt::Key_Plus);
-    EXPECT_NEAR(PageOnScreen().height(), whole.height() * 1.5625, 20);
-    Press(Qt::Key_Minus);
-    EXPECT_NEAR(PageOnScreen().height(), whole.height() * 1.25, 20);
+    Press({Qt::Key_Plus, Qt::Key_Plus});
+    EXPECT_NEAR(Height(), whole.height() * 1.5625, 20);
+    Press({Qt::Key_Minus});
+    EXPECT_NEAR(Height(), whole.height() * 1.25, 20);
     EXPECT_TRUE(Shows(1));
-    Press(Qt::Key_Asterisk);
-    EXPECT_EQ(PageOnScreen(), whole);
+    Press({Qt::Key_Asterisk});
+    EXPECT_EQ(Page().size(), whole);
     window->resize(1000, 900);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return PageOnScreen().height() > 700; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Height() > 700; }, kPatience));
     EXPECT_TRUE(Shows(1));
 }
 
@@ -99,12 +87,12 @@ TEST_F(PrintPreviewTest, PrintsAndCloses)
     Open();
     {
         const FakeLp refuses("lp: fire");
-        Press(Qt::Key_P, Qt::ControlModifier);
-        EXPECT_EQ(test.prompt.TakeTexts(), QStringList("打印机没有接收打印任务：lp: fire"));
+        Press({Qt::Key_P}, Qt::ControlModifier);
+        EXPECT_EQ(test.Boxes(), "打印机没有接收打印任务：lp: fire");
         EXPECT_TRUE(window->isVisible());
     }
     const FakeLp lp;
-    Press(Qt::Key_P, Qt::ControlModifier);
+    Press({Qt::Key_P}, Qt::ControlModifier);
     EXPECT_EQ(lp.titles(), "TDD1\n");
     EXPECT_FALSE(window->isVisible());
     EXPECT_TRUE(test.prompt.boxes.empty());
@@ -119,9 +107,9 @@ TEST_F(PrintPreviewTest, WhatCannotBeShownIsSaid)
     frmPrintPreview::Show(test.program, pdf, "TDD1", nullptr);
     const NoPrograms none;
     frmPrintPreview::Show(test.program, pdf, "TDD1", nullptr);
-    EXPECT_EQ(test.prompt.TakeTexts(),
-              QStringList({"读取预览文件失败，请重新操作！",
-                           "没有安装poppler-utils，不能打印预览！请安装软件包 poppler-utils 后重新操作。"}));
+    EXPECT_EQ(
+        test.Boxes(),
+        "读取预览文件失败，请重新操作！|没有安装poppler-utils，不能打印预览！请安装软件包 poppler-utils 后重新操作。");
     EXPECT_FALSE(QApplication::overrideCursor());
 }
 

@@ -41,7 +41,7 @@ TEST(StoredFiles, WhatFails)
     kept.write("kept");
     kept.close();
     EXPECT_FALSE(SaveTableFileToDisk(test.program, path, "none.xls"));
-    EXPECT_EQ(test.prompt.TakeTexts(), QStringList(path + "  不存在！."));
+    EXPECT_EQ(test.Boxes(), path + "  不存在！.");
     EXPECT_EQ(ReadAll(path), "kept");
 
     test.Insert("TabExcelTable", {{"TabName", "a.xls"}, {"TabInf", QByteArray("a")}});

@@ -2,7 +2,7 @@
 
 // What many users have left in an account set, looked at apart from the rules that wrote it.
 
-#include "database/store.h"
+#include "handover/program.h"
 
 #include <QStringList>
 #include <map>
@@ -10,10 +10,10 @@
 /// The heads that were stored, each with its mark: "TABLE CODE" to "SEED.SAVE.LINES".
 struct Bills
 {
-    QStringList faults; // bills that are not whole, lines without a head, codes and vouchers that are there twice
+    QStringList faults; // bills that are not whole, assemblies without their voucher, what "acctset check" finds
     std::map<QString, QString> marks;
 };
-Bills LookAtBills(Store& store);
+Bills LookAtBills(Program& program);
 
-/// Amount of a good in a warehouse, added up row by row: opening, transfers, counts, assemblies.
+/// Amount of a good in a warehouse, added up row by row.
 std::map<std::pair<QString, QString>, double> AmountsOf(Store& store);

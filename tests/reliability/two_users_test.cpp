@@ -85,11 +85,8 @@ TEST_F(TwoUsers, TheSecondSaveReplacesTheFirstWhole)
     for (const char* operation : {"异价调拨", "盘点报损", "商品组装"}) {
         SCOPED_TRACE(operation);
         OpenOnBoth(operation);
-        const QStringList untouched = [&] {
-            const QStringList rows = Rows();
-            EXPECT_EQ(SaveMine(), QStringList({kQuestion, kSaved}));
-            return rows;
-        }();
+        const QStringList untouched = Rows();
+        EXPECT_EQ(SaveMine(), QStringList({kQuestion, kSaved}));
         AddLine(other, *others, {"A002", 9, 20});
         AddLine(other, *others, {"A002", 8, 20});
         Save(other, *others);

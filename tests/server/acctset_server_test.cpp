@@ -32,8 +32,7 @@ TEST(AcctsetOnServer, AnswersAsOnAFile)
     const QString set = OnServer("tester", "演示");
     const Outcome made = RunAcctset({"create", set, "--demo"});
     ASSERT_EQ(made.exitCode, 0) << made.error.toStdString();
-    const QString file = folder.filePath("own.db");
-    CopySqliteFile(DemoFile(), file);
+    const QString file = OwnDemo(folder);
 
     const QString bill = FileWith(folder, "bill.json", R"({"bill": "同价调拨单", "date": "2023-12-31",
         "fields": {"TxtWarehouseNameF": "主仓", "TxtWarehouseNameS": "门店仓"},

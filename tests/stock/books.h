@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-/// A bill's head or one of its lines, with every column that the engine reads or rewrites.
+/// A bill's head or one of its lines, or a row of a close, with every column that the engine reads or rewrites.
 struct BillRow
 {
     QString table{};
@@ -59,6 +59,7 @@ inline std::vector<Field> FieldsOf(const BillRow& row)
             {"WarehouseCodeS", row.warehouseArrival},
             {"InType", row.inType},
             {"UnionAmount", row.UnionAmount},
+            {"Amount", row.UnionAmount},
             {"Moneyy_Discount", row.Moneyy_Discount},
             {"Moneyy", row.Moneyy},
             {"SumMoney", row.SumMoney},
@@ -68,51 +69,49 @@ inline std::vector<Field> FieldsOf(const BillRow& row)
             {"lastAveragePrice", row.lastAveragePrice}};
 }
 
-/// Writes a row with the fields that its table has.
-inline void InsertKnownFields(TestProgram& test, const QString& table, const std::vector<Field>& fields)
+inline bool HasColumn(const QString& table, const char* column)
 {
-    const SchemaTable* const schema = FindTable(table);
-    ASSERT_NE(schema, nullptr) << table.toStdString();
-    std::vector<Value> values;
-    for (const SchemaColumn& column : schema->columns) {
-        const auto field = std::ranges::find_if(fields, [&](const Field& f) { return column.name == f.column; });
-        if (field != fields.end())
-            values.push_back(field->value);
-        else if (column.type == ColumnType::Text || column.type == ColumnType::LongText)
-            values.push_back(QString(""));
-        else if (column.type == ColumnType::Day || column.type == ColumnType::Moment)
-            values.push_back(kNoDate);
-        else
-            values.push_back(qint64(0));
-    }
-    test.Run(InsertInto(Name(table), values));
+    return std::ranges::any_of(FindTable(table)->columns, [=](const SchemaColumn& c) { return c.name == column; });
 }
 
+/// Writes a row with the columns that its table has.
 inline void InsertRow(TestProgram& test, const BillRow& row)
 {
-    InsertKnownFields(test, row.table, FieldsOf(row));
+    Sql columns;
+    Sql values;
+    for (const Field& field : FieldsOf(row)) {
+        if (!HasColumn(row.table, field.column))
+            continue;
+        const char* const separator = columns.isEmpty() ? "" : ",";
+        columns = columns + separator + Name(field.column);
+        values = values + separator + field.value;
+    }
+    test.Run(Sql("insert into ") + Name(row.table) + "(" + columns + ") values(" + values + ")");
+}
+
+/// A bill of one line: the line, and its head without a good.
+inline void InsertBill(TestProgram& test, const QString& headTable, BillRow line)
+{
+    line.table = headTable + "Inf";
+    InsertRow(test, line);
+    line.table = headTable;
+    line.ware.clear();
+    InsertRow(test, line);
 }
 
 /// Goods of every costing method and two warehouses.
 inline void InsertBaseData(TestProgram& test)
 {
-    const struct
-    {
-        const char* code;
-        const char* costStyle;
-        const char* tracked;
-    } wares[] = {{"moving", "移动加权平均法", "是"},
-                 {"period", "加权平均法", "是"},
-                 {"fixed", "个别指定法", "是"},
-                 {"other", "", "是"},
-                 {"service", "移动加权平均法", "否"}};
-    for (const auto& ware : wares)
-        test.Insert("TabWare", {{"Code", ware.code},
-                                {"CostStyle", ware.costStyle},
-                                {"AmountQueryYN", ware.tracked},
-                                {"AveragePrice", 7.125}});
-    test.Insert("TabWarehouseType", {{"Code", "01"}});
-    test.Insert("TabWarehouseType", {{"Code", "02"}});
+    const std::tuple<const char*, const char*, const char*> wares[] = {{"moving", "移动加权平均法", "是"},
+                                                                       {"period", "加权平均法", "是"},
+                                                                       {"fixed", "个别指定法", "是"},
+                                                                       {"other", "", "是"},
+                                                                       {"service", "移动加权平均法", "否"}};
+    for (const auto& [code, style, tracked] : wares)
+        test.Insert("TabWare",
+                    {{"Code", code}, {"CostStyle", style}, {"AmountQueryYN", tracked}, {"AveragePrice", 7.125}});
+    for (const char* code : {"01", "02"})
+        test.Insert("TabWarehouseType", {{"Code", code}});
     test.Insert("TabOutInType", {{"Name", "盘盈"}, {"CalCostYN", "是"}});
     test.Insert("TabOutInType", {{"Name", "借入"}, {"CalCostYN", "否"}});
 }

@@ -184,6 +184,19 @@ Recordset TestProgram::Run(const Sql& sql)
     return rs;
 }
 
+QStringList TestProgram::Rows(const Sql& sql)
+{
+    const Recordset rows = Run(sql);
+    QStringList texts;
+    for (int row = 0; row < rows.size(); ++row) {
+        QStringList values;
+        for (int column = 0; column < static_cast<int>(rows.columns().size()); ++column)
+            values << TextOf(rows.at(row, column));
+        texts << values.join('|');
+    }
+    return texts;
+}
+
 QString TestProgram::databasePath() const
 {
     return folder.filePath("Data/test.db");

@@ -72,6 +72,10 @@ public:
                     std::initializer_list<std::initializer_list<Field>> lines);
     /// Runs a statement that must not fail.
     Recordset Run(const Sql& sql);
+    /// The rows of a statement that must not fail, the values of each joined by "|".
+    QStringList Rows(const Sql& sql);
+    /// The texts of all boxes since the last call, joined by "|".
+    QString Boxes() { return prompt.TakeTexts().join('|'); }
     QString databasePath() const;
 
     QTemporaryDir folder;

@@ -2,8 +2,15 @@
 
 #include <QDataStream>
 #include <QIODevice>
+#include <vector>
 
 namespace {
+
+struct ZipEntry
+{
+    QByteArray name;
+    QByteArray content;
+};
 
 quint32 Crc32(const QByteArray& bytes)
 {
@@ -67,8 +74,6 @@ QByteArray Styles(const QByteArray& formats)
            formats.mid(cells) + "</styleSheet>";
 }
 
-} // namespace
-
 QByteArray ZipOf(const std::vector<ZipEntry>& entries)
 {
     QByteArray zip;
@@ -93,6 +98,8 @@ QByteArray ZipOf(const std::vector<ZipEntry>& entries)
         << quint16(0);
     return zip;
 }
+
+} // namespace
 
 QByteArray XlsxOf(const QByteArray& sheetName, const QByteArray& sheet, const QByteArray& strings,
                   const QByteArray& formats)

@@ -4,24 +4,18 @@
 
 #include "data/decimals.h"
 #include "handover/open_query.h"
-#include "stock/balance.h"
 #include "stock/cost_rewrite.h"
 #include "stock/unit_cost.h"
 #include "stock_question.h"
 
 int StockCommand(const QStringList& arguments)
 {
-    const CommandLine line("stock", "Prints amount, money and unit cost of a good on stock as one JSON object.",
-                           {"FILE"}, StockOptions(), arguments);
-    if (line.helpShown())
-        return kDone;
-    StockQuestion question = StockQuestionOf(line);
-    OpenedAccountSet set(line.Word(0));
-    FinishQuestion(question, line, set);
-    const TogatherData stock = GetStockBalance(set.program, question);
-    set.RefuseOnErrors();
-    PrintJson({{"amount", stock.ShownAmount}, {"money", stock.ShownMoney.text()}, {"unitCost", stock.UnitCost}});
-    return kDone;
+    return AskForStock("stock", "Prints amount, money and unit cost of a good on stock as one JSON object.", arguments,
+                       [](OpenedAccountSet&, const StockQuestion&, const TogatherData& stock) {
+                           PrintJson({{"amount", stock.ShownAmount},
+                                      {"money", stock.ShownMoney.text()},
+                                      {"unitCost", stock.UnitCost}});
+                       });
 }
 
 int CostCommand(const QStringList& arguments)

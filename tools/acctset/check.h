@@ -23,9 +23,8 @@ void CheckRows(Program& program, const Report& report);
 void CheckAgreement(Program& program, const Report& report);
 /// Moments: on their bill's day, rising from the head to the last line, one line of a good at a time.
 void CheckMoments(Program& program, const Report& report);
-/// Goods below zero at the end of a day, as the balance of one warehouse counts them.
-void CheckStock(Program& program, const Report& report);
-/// Unit costs on lines behind the last close that the engine would not give today. An average of a period is settled
-/// by its close, so what brings goods of that method in is left out.
+/// Goods below zero at the end of a day, as the balance of one warehouse counts them. Then unit costs on lines behind
+/// the last close that the engine would not give today; an average of a period is settled by its close, so what brings
+/// goods of that method in is left out.
 /// @param byCurrency  each line's cost is that of its own currency
-void CheckCosts(Program& program, bool byCurrency, const Report& report);
+void CheckGoods(Program& program, bool byCurrency, const Report& report);

@@ -1,20 +1,23 @@
 #pragma once
 
-// Goods in portions: one statement answers for some hundreds of them, and their lines fit into memory.
+// The checks of goods, which go portion by portion over the same rows.
 
-#include "database/sql.h"
-#include "handover/program.h"
+#include "check.h"
+#include "goods_portion.h"
 
-#include <vector>
-
-/// Goods from one code to another, in the order of the database.
-struct GoodsRange
+/// What the account set says once for all goods.
+struct GoodsRules
 {
-    QString first;
-    QString last;
+    bool auditedOnly = false;
+    bool byCurrency = false;   // each line's cost is that of its own currency
+    std::vector<QDate> closes; // in their order
+    int amountDigits = 0;
+    int moneyDigits = 0;
+    int priceDigits = 0;
+
+    QDate lastClose() const { return closes.empty() ? kNoDate : closes.back(); }
 };
 
-/// All goods that stock is kept of.
-std::vector<GoodsRange> GoodsInPortions(Program& program);
-/// Condition on TabWare.
-Sql WithinRange(const GoodsRange& range);
+void CheckStock(const GoodsRules& rules, const StockRows& rows, const Report& report);
+void CheckCosts(Program& program, const GoodsRules& rules, const GoodsRange& range, const StockRows& rows,
+                const Report& report);

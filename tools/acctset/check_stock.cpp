@@ -1,9 +1,6 @@
-#include "check.h"
-
 #include "check_goods.h"
+
 #include "data/decimals.h"
-#include "handover/open_query.h"
-#include "stock/movements.h"
 
 #include <map>
 
@@ -33,34 +30,24 @@ struct Shortfall
     QDate lowestOn;
 };
 
-void AddMovements(Program& program, Shelves& shelves, const StockQuestion& question, const GoodsRange& range)
+void AddMovements(Shelves& shelves, const std::vector<MovementRow>& rows)
 {
-    const DayLimit days[] = {{">", kNoDate}};
-    const Recordset rows = ListMovements(program, question, WithinRange(range), days);
-    for (int row = 0; row < rows.size(); ++row) {
-        Shelf& shelf = shelves[{rows.Text("WareCode", row), rows.Text("WarehouseCode", row)}];
-        if (const std::optional<QDate> day = rows.Day("Datee", row))
-            shelf.days[*day].moved += rows.Number("Amount", row);
+    for (const MovementRow& row : rows) {
+        Shelf& shelf = shelves[{row.wareCode, row.warehouse}];
+        if (row.day)
+            shelf.days[*row.day].moved += row.amount;
     }
 }
 
-void AddSnapshots(Program& program, Shelves& shelves, const GoodsRange& range)
+void AddSnapshots(Shelves& shelves, const std::vector<SnapshotRow>& rows)
 {
-    const Recordset rows = OpenQuery(
-        program,
-        Sql("select TabWarehouseTurn.WareCode as WareCode,TabWarehouseTurn.WarehouseCode as WarehouseCode,"
-            "TabWarehouseTurn.Num as Num,TabWarehouseTurn.Datee as Datee,sum(TabWarehouseTurn.Amount) as Amount"
-            " from TabWarehouseTurn,TabWarehouseType,TabWare"
-            " where TabWarehouseType.Code=TabWarehouseTurn.WarehouseCode"
-            " and TabWare.Code=TabWarehouseTurn.WareCode ") +
-            WithinRange(range) +
-            " group by TabWarehouseTurn.WareCode,TabWarehouseTurn.WarehouseCode,TabWarehouseTurn.Num,"
-            "TabWarehouseTurn.Datee");
-    for (int row = 0; row < rows.size(); ++row) {
-        Shelf& shelf = shelves[{rows.Text("WareCode", row), rows.Text("WarehouseCode", row)}];
-        if (rows.Integer("Num", row) == 1)
-            shelf.opening += rows.Number("Amount", row);
-        shelf.days[rows.Day("Datee", row).value_or(kNoDate)].snapshot += rows.Number("Amount", row);
+    for (const SnapshotRow& row : rows) {
+        if (!row.inPlace)
+            continue;
+        Shelf& shelf = shelves[{row.wareCode, row.warehouse}];
+        if (row.opening)
+            shelf.opening += row.amount;
+        shelf.days[row.day].snapshot += row.amount;
     }
 }
 
@@ -69,16 +56,6 @@ void MarkCloses(Shelf& shelf, const std::vector<QDate>& closes)
 {
     for (const QDate& close : closes)
         shelf.days[close].closed = true;
-}
-
-std::vector<QDate> Closes(Program& program)
-{
-    const Recordset rows = OpenQuery(program, Sql("select distinct Datee from TabTurn order by Datee"));
-    std::vector<QDate> closes;
-    closes.reserve(static_cast<size_t>(rows.size()));
-    for (int row = 0; row < rows.size(); ++row)
-        closes.push_back(rows.Day("Datee", row).value_or(kNoDate));
-    return closes;
 }
 
 void ReportShortfall(const std::pair<QString, QString>& place, const Shortfall& shortfall, const QDate& until,
@@ -115,18 +92,13 @@ void WalkShelf(const std::pair<QString, QString>& place, const Shelf& shelf, int
 
 } // namespace
 
-void CheckStock(Program& program, const Report& report)
+void CheckStock(const GoodsRules& rules, const StockRows& rows, const Report& report)
 {
-    const StockQuestion question{.auditedOnly = IsAuditedBillCounted(program)};
-    const std::vector<QDate> closes = Closes(program);
-    const int digits = GetDigitsByType(program, "数值型");
-    for (const GoodsRange& range : GoodsInPortions(program)) {
-        Shelves shelves;
-        AddMovements(program, shelves, question, range);
-        AddSnapshots(program, shelves, range);
-        for (auto& [place, shelf] : shelves) {
-            MarkCloses(shelf, closes);
-            WalkShelf(place, shelf, digits, report);
-        }
+    Shelves shelves;
+    AddMovements(shelves, rows.movements);
+    AddSnapshots(shelves, rows.snapshots);
+    for (auto& [place, shelf] : shelves) {
+        MarkCloses(shelf, rules.closes);
+        WalkShelf(place, shelf, rules.amountDigits, report);
     }
 }

@@ -1,11 +1,11 @@
 #pragma once
 
-// The lines that store a unit cost of a good, as they are compared with the engine: those that record a new cost and
-// those that take the newest one.
+// Goods with all that their unit costs come from: the lines that store a cost, those that record a new one and those
+// that take the newest one; what moves their stock; and what the closes know of them.
 
-#include "check_goods.h"
-#include "data/dimensions.h"
-#include "database/recordset.h"
+#include "goods_portion.h"
+
+#include <span>
 
 struct CostedLine
 {
@@ -13,23 +13,37 @@ struct CostedLine
     QString code;
     int num = 0; // 0 for a head
     QDate day;
-    Moment moment;
-    Dimensions dimensions;
+    std::optional<Moment> ownMoment;
+    Variant variant;
     QString auditing;
-    QString moneyName;
-    bool records = false; // brings value in and records a new cost
+    bool records = false; // brings value in, and records a new cost while it is in force
+    bool inForce = false;
     double cost = 0;
     double otherCost = 0; // the second column of the cost, where a line has two
     double amount = 0;    // of a line that records: what it brings in
     Currency money;
+
+    Moment moment() const { return ownMoment.value_or(Moment{day}); }
+};
+
+/// A movement of stock by one of the good's lines.
+struct StockMove
+{
+    const MovementRow* row = nullptr;
+    const CostedLine* line = nullptr;
 };
 
 struct CostedGood
 {
     QString code;
     QString costStyle;
-    std::vector<CostedLine> lines; // in the order of their moments
+    double fixedCost = 0;
+    std::vector<CostedLine> lines{}; // in the order of their moments
+    std::vector<StockMove> moves{};  // in the order of their days
+    std::span<const SnapshotRow> snapshots{};
+    /// False where rows contradict each other, so that only the database can tell what a question finds.
+    bool isClear = true;
 };
 
-/// The goods of a range with their lines in force behind a day; goods without such lines are left out.
-std::vector<CostedGood> CostedGoods(Program& program, const GoodsRange& range, const QDate& after);
+/// The goods of a range that have lines. They point into the rows of their stock.
+std::vector<CostedGood> CostedGoods(Program& program, const GoodsRange& range, const StockRows& stock);

@@ -113,20 +113,13 @@ void PrintExplanation(Program& program, const StockQuestion& question, const Tog
 
 int ExplainCommand(const QStringList& arguments)
 {
-    const CommandLine line("explain",
-                           "Tells how stock and unit cost of a good came about: the last close or the opening, every "
-                           "line since with its running totals, and where the unit cost stands and what made it.",
-                           {"FILE"}, StockOptions(), arguments);
-    if (line.helpShown())
-        return kDone;
-    StockQuestion question = StockQuestionOf(line);
-    OpenedAccountSet set(line.Word(0));
-    FinishQuestion(question, line, set);
-    const TogatherData stock = GetStockBalance(set.program, question);
-    const StockAccount account = ExplainStock(set.program, question);
-    set.RefuseOnErrors();
-    RefuseOtherFigure(account, stock);
-    PrintExplanation(set.program, question, stock, account);
-    set.RefuseOnErrors();
-    return kDone;
+    return AskForStock("explain",
+                       "Tells how stock and unit cost of a good came about: the last close or the opening, every line "
+                       "since with its running totals, and where the unit cost stands and what made it.",
+                       arguments, [](OpenedAccountSet& set, const StockQuestion& question, const TogatherData& stock) {
+                           const StockAccount account = ExplainStock(set.program, question);
+                           set.RefuseOnErrors();
+                           RefuseOtherFigure(account, stock);
+                           PrintExplanation(set.program, question, stock, account);
+                       });
 }

@@ -1,41 +1,10 @@
 #include "explain.h"
 
-#include "data/decimals.h"
+#include "running_totals.h"
 #include "stock/movements.h"
 #include "stock_bills.h"
 
 namespace {
-
-/// Sums as the engine sums: what is added up is rounded as a whole, not line by line.
-class RunningTotals
-{
-public:
-    RunningTotals(Program& program, const StockSum& opening)
-        : m_opening(opening),
-          m_amountDigits(GetDigitsByType(program, "数值型")),
-          m_moneyDigits(GetDigitsByType(program, "金额型"))
-    {}
-
-    void Add(double amount, double money)
-    {
-        m_amount += amount;
-        m_money += money;
-    }
-    double amount() const { return RoundByDigits(double(m_amount) + m_opening.amount, m_amountDigits); }
-    Currency money() const
-    {
-        const Currency exact = Currency::FromDouble(double(m_money)) + m_opening.money;
-        return Currency::FromDouble(RoundByDigits(exact.toDouble(), m_moneyDigits));
-    }
-
-private:
-    StockSum m_opening;
-    int m_amountDigits;
-    int m_moneyDigits;
-    // A longer mantissa than a line has: thousands of lines leave no trace in the last place.
-    long double m_amount = 0;
-    long double m_money = 0;
-};
 
 ExplainedLine LineOf(const Recordset& rows, int row)
 {
@@ -65,7 +34,7 @@ StockAccount ExplainStock(Program& program, const StockQuestion& question)
 {
     StockAccount account;
     account.opening = OpeningOf(program, question);
-    RunningTotals totals(program, account.opening.stock);
+    RunningTotals totals(account.opening.stock, GetDigitsByType(program, "数值型"), GetDigitsByType(program, "金额型"));
     const Recordset rows = LinesSince(program, question, account.opening.from);
     for (int row = 0; row < rows.size(); ++row) {
         ExplainedLine line = LineOf(rows, row);

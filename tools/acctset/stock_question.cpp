@@ -42,26 +42,28 @@ void CheckGood(Program& program, const QString& wareCode)
         throw Refusal{QString("there is no good \"%1\"").arg(wareCode)};
 }
 
-Options StockOptions()
+int AskForStock(const QString& command, const QString& help, const QStringList& arguments, const StockAnswer& answer)
 {
-    return With({{"ware", "code of the good", "CODE"},
-                 {"warehouse", "code of one warehouse; all without it", "CODE"},
-                 {"date", "the last day that counts; today without it", "DATE"}},
-                DimensionOptions());
-}
-
-StockQuestion StockQuestionOf(const CommandLine& line)
-{
-    return {.warehouse = line.Text("warehouse"),
-            .wareCode = line.Needed("ware"),
-            .dimensions = DimensionsOf(line),
-            .attributeExact = line.IsSet("exact"),
-            .moneyName = line.Text("currency")};
-}
-
-void FinishQuestion(StockQuestion& question, const CommandLine& line, OpenedAccountSet& set)
-{
+    const CommandLine line(command, help, {"FILE"},
+                           With({{"ware", "code of the good", "CODE"},
+                                 {"warehouse", "code of one warehouse; all without it", "CODE"},
+                                 {"date", "the last day that counts; today without it", "DATE"}},
+                                DimensionOptions()),
+                           arguments);
+    if (line.helpShown())
+        return kDone;
+    StockQuestion question{.warehouse = line.Text("warehouse"),
+                           .wareCode = line.Needed("ware"),
+                           .dimensions = DimensionsOf(line),
+                           .attributeExact = line.IsSet("exact"),
+                           .moneyName = line.Text("currency")};
+    OpenedAccountSet set(line.Word(0));
     question.asOf = AsOf(line, "date", set);
     CheckGood(set.program, question.wareCode);
     question.auditedOnly = IsAuditedBillCounted(set.program);
+    const TogatherData stock = GetStockBalance(set.program, question);
+    set.RefuseOnErrors();
+    answer(set, question, stock);
+    set.RefuseOnErrors();
+    return kDone;
 }

@@ -5,6 +5,8 @@
 #include "commands.h"
 #include "stock/balance.h"
 
+#include <functional>
+
 using Options = std::vector<CommandLine::Option>;
 
 /// What every question can be narrowed by.
@@ -16,9 +18,9 @@ Moment AsOf(const CommandLine& line, const char* option, const OpenedAccountSet&
 /// Throws Refusal for an unknown good.
 void CheckGood(Program& program, const QString& wareCode);
 
-/// Good, warehouse, day and dimensions.
-Options StockOptions();
-/// What the words alone tell. Throws WrongUse.
-StockQuestion StockQuestionOf(const CommandLine& line);
-/// What the account set tells: its working date, whether it has the good, which bills count. Throws Refusal.
-void FinishQuestion(StockQuestion& question, const CommandLine& line, OpenedAccountSet& set);
+using StockAnswer =
+    std::function<void(OpenedAccountSet& set, const StockQuestion& question, const TogatherData& stock)>;
+
+/// A command that asks for the stock of a good, narrowed by warehouse, day and dimensions: reads the question, puts it
+/// to the engine and hands both on. Throws WrongUse or Refusal.
+int AskForStock(const QString& command, const QString& help, const QStringList& arguments, const StockAnswer& answer);
