@@ -179,4 +179,17 @@ TEST_F(WareManageDialogs, AWindowComesBackAsItWasLeft)
     window->close();
 }
 
+TEST_F(WareManageDialogs, AFurtherWindowLetsTheFirstBeSeen)
+{
+    OpenNew("盘点报损");
+    window->setGeometry(20, 30, 700, 500);
+    window->close();
+    OpenNew("盘点报损");
+    const frmWareManage further(test.program);
+    EXPECT_EQ(further.size(), window->size());
+    EXPECT_GT(further.x(), window->x());
+    EXPECT_GT(further.y(), window->y());
+    window->close();
+}
+
 } // namespace
