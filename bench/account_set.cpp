@@ -3,6 +3,7 @@
 #include "database/sqlite_store.h"
 #include "generate.h"
 #include "hand_written.h"
+#include "handover/open_query.h"
 
 #include <QFileInfo>
 
@@ -79,3 +80,9 @@ BenchProgram::BenchProgram(const QString& path)
     : program(QFileInfo(path).absolutePath(), Parameters(), prompt, clock,
               [path](const QString&) { return OpenSqliteFile(path); })
 {}
+
+void RemoveBill(Program& program, const QString& headTable, const QString& code)
+{
+    OpenQuery(program, Sql("delete from ") + Name(headTable) + " where Code=" + code);
+    OpenQuery(program, Sql("delete from ") + Name(headTable + "Inf") + " where BillCode=" + code);
+}

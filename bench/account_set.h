@@ -42,3 +42,6 @@ struct BenchProgram
     LastDayClock clock;
     Program program;
 };
+
+/// Takes a saved bill back: the next one saved finds no more rows of its goods than it did.
+void RemoveBill(Program& program, const QString& headTable, const QString& code);

@@ -7,6 +7,7 @@
 #include "assembly/assembly_recall.h"
 #include "assembly/assembly_save.h"
 #include "assembly/piece_head.h"
+#include "assembly/voucher.h"
 #include "bills/lifecycle.h"
 #include "bills/line_entry.h"
 #include "bills/line_totals.h"
@@ -99,6 +100,8 @@ void Save(State& state)
         state.PauseTiming();
         if (posting.lines != kLines || !HasVoucher(desk.program, posting.code))
             state.SkipWithError("the bill was not saved with its voucher");
+        DeleteBillWarrant(desk.program, posting.code);
+        RemoveBill(desk.program, "TabWareGroup", posting.code);
         state.ResumeTiming();
     }
 }
@@ -108,10 +111,9 @@ void SaveFloor(State& state)
 {
     Desk& desk = TheDesk();
     static const QString code = desk.SaveTyped().code;
-    static int copies = 0;
+    const QString copy = "FLOOR";
     for ([[maybe_unused]] const auto& pass : state) {
         Store& store = desk.program.gConnection.store();
-        const QString copy = "FLOOR" + QString::number(++copies);
         state.PauseTiming();
         const Recordset head = store.Run(Sql("select * from TabWareGroup where Code=") + code);
         const Recordset lines = store.Run(Sql("select * from TabWareGroupInf where BillCode=") + code);
@@ -127,6 +129,9 @@ void SaveFloor(State& state)
         for (int row = 0; row < lines.size(); ++row)
             insert("TabWareGroupInf", lines, row, 2);
         store.CommitUnit();
+        state.PauseTiming();
+        RemoveBill(desk.program, "TabWareGroup", copy);
+        state.ResumeTiming();
     }
 }
 

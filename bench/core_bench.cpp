@@ -159,8 +159,11 @@ void Save(State& state)
     Desk& desk = WritingDesk();
     for ([[maybe_unused]] const auto& pass : state) {
         const Posting posting = SaveTyped(desk);
+        state.PauseTiming();
         if (posting.lines != kTransferLines)
             state.SkipWithError("the bill was not saved");
+        RemoveBill(desk.program.program, "TabSamePriceMove", posting.code);
+        state.ResumeTiming();
     }
 }
 
@@ -175,9 +178,8 @@ public:
                   "'");
     }
 
-    void Write(State& state)
+    void Write(State& state, const std::string& code)
     {
-        const std::string code = "FLOOR" + std::to_string(++m_bills);
         m_set.Run("begin immediate");
         Copy(state, "Head", "TabSamePriceMove", 1, code);
         Copy(state, "Lines", "TabSamePriceMoveInf", 3, code);
@@ -204,14 +206,17 @@ private:
     }
 
     HandWritten& m_set;
-    int m_bills = 0;
 };
 
 void SaveFloor(State& state)
 {
     static RowsAgain rows(WritingFloor(), SaveTyped(WritingDesk()).code);
-    for ([[maybe_unused]] const auto& pass : state)
-        rows.Write(state);
+    for ([[maybe_unused]] const auto& pass : state) {
+        rows.Write(state, "FLOOR");
+        state.PauseTiming();
+        RemoveBill(WritingDesk().program.program, "TabSamePriceMove", "FLOOR");
+        state.ResumeTiming();
+    }
 }
 
 void Rewrite(State& state)

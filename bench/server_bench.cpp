@@ -210,9 +210,14 @@ Posting SaveTyped()
 
 void Save(State& state)
 {
-    for ([[maybe_unused]] const auto& turn : state)
-        if (SaveTyped().lines != kTransferLines)
+    for ([[maybe_unused]] const auto& turn : state) {
+        const Posting posting = SaveTyped();
+        state.PauseTiming();
+        if (posting.lines != kTransferLines)
             state.SkipWithError("the bill was not saved");
+        RemoveBill(TheBench().program, "TabSamePriceMove", posting.code);
+        state.ResumeTiming();
+    }
 }
 
 /// The statements of one save under new codes.
@@ -220,13 +225,13 @@ std::function<void(State&)> SavingBare()
 {
     QString code;
     const Calls calls = CallsOf([&] { code = SaveTyped().code; });
-    return [calls, code, bills = 0](State& state) mutable {
+    RemoveBill(TheBench().program, "TabSamePriceMove", code);
+    return [calls, code](State& state) {
         for ([[maybe_unused]] const auto& turn : state) {
-            Calls renamed = calls;
-            const QString next = QString("FLOOR%1").arg(++bills);
-            for (Call& call : renamed)
-                std::ranges::replace(call.values, Value(code), Value(next));
-            RunBare(state, renamed);
+            RunBare(state, calls);
+            state.PauseTiming();
+            RemoveBill(TheBench().program, "TabSamePriceMove", code);
+            state.ResumeTiming();
         }
     };
 }
