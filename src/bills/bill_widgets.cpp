@@ -3,11 +3,15 @@
 #include "bills/shades.h"
 #include "bills/toolbar_icons.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QScreen>
+#include <QStyle>
 #include <QToolButton>
+#include <algorithm>
 
 namespace {
 
@@ -82,6 +86,20 @@ bool LeavesWindow(const QFocusEvent& focus)
 {
     return focus.reason() == Qt::ActiveWindowFocusReason || focus.reason() == Qt::PopupFocusReason ||
            focus.reason() == Qt::MenuBarFocusReason;
+}
+
+void StepAside(QWidget& window)
+{
+    const QWidgetList all = QApplication::topLevelWidgets();
+    const auto isTaken = [&](const QWidget* other) {
+        return other != &window && other->isVisible() && other->pos() == window.pos();
+    };
+    const int step = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
+    const auto hasRoom = [&] {
+        return window.screen()->availableGeometry().contains(window.frameGeometry().translated(step, step));
+    };
+    while (std::ranges::any_of(all, isTaken) && hasRoom())
+        window.move(window.pos() + QPoint(step, step));
 }
 
 Stamp::Stamp(const char* name)

@@ -19,6 +19,9 @@ QWidget* MakeCell(QLabel* caption, QWidget* editor, const char* buttonName = nul
 /// The user has left the window, not the box.
 bool LeavesWindow(const QFocusEvent& focus);
 
+/// Of several windows in one remembered place each shows the caption of the one before, as far as the screen has room.
+void StepAside(QWidget& window);
+
 /// A word stamped on the bill in a coloured frame. It hides itself without a text.
 class Stamp : public QLabel
 {

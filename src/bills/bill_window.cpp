@@ -12,7 +12,6 @@
 #include "dialogs/frmWarehouseSelect.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -21,10 +20,7 @@
 #include <QIntValidator>
 #include <QLineEdit>
 #include <QMenu>
-#include <QScreen>
-#include <QStyle>
 #include <QVBoxLayout>
-#include <algorithm>
 
 namespace {
 
@@ -54,21 +50,6 @@ void Enlarge(QWidget* widget, double factor)
     font.setPointSizeF(font.pointSizeF() * factor);
     font.setBold(true);
     widget->setFont(font);
-}
-
-/// Of several windows in one remembered place each shows the caption of the one before, as far as the screen has room.
-void StepAside(QWidget& window)
-{
-    const QWidgetList all = QApplication::topLevelWidgets();
-    const auto isTaken = [&](const QWidget* other) {
-        return other != &window && other->isVisible() && other->pos() == window.pos();
-    };
-    const int step = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
-    const auto hasRoom = [&] {
-        return window.screen()->availableGeometry().contains(window.frameGeometry().translated(step, step));
-    };
-    while (std::ranges::any_of(all, isTaken) && hasRoom())
-        window.move(window.pos() + QPoint(step, step));
 }
 
 } // namespace
