@@ -3,6 +3,7 @@
 #include "bills/bill_widgets.h"
 #include "data/rights.h"
 #include "output/frmPrintPreview.h"
+#include "output/frmPrinting.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -120,7 +121,10 @@ void PrintCommands::Fill(const QString& templateName, SheetGoal goal)
 {
     const Busy busy(m_loading);
     const BillSheet sheet = SheetOf(m_program, m_bill, m_paper);
-    PrintBill_Excel(m_program, sheet, templateName, goal, [this, &sheet](const QString& pdf) {
-        frmPrintPreview::Show(m_program, pdf, sheet.valBillCode, &m_window);
+    PrintBill_Excel(m_program, sheet, templateName, goal, [&](const QString& pdf) {
+        if (goal == SheetGoal::Preview)
+            frmPrintPreview::Show(m_program, pdf, sheet.valBillCode, &m_window);
+        else
+            frmPrinting::Print(m_program, pdf, sheet.valBillCode, &m_window);
     });
 }

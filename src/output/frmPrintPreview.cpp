@@ -1,6 +1,6 @@
 #include "output/frmPrintPreview.h"
 
-#include "output/paper.h"
+#include "output/frmPrinting.h"
 
 #include <QAction>
 #include <QApplication>
@@ -100,8 +100,13 @@ void frmPrintPreview::BuildBar(QToolBar& bar)
 
 void frmPrintPreview::Print()
 {
-    if (PrintPdf(m_program, m_pdf, m_title))
-        accept();
+    auto* const key = findChild<QAction*>("ToolPrint");
+    key->setEnabled(false);
+    frmPrinting::Print(m_program, m_pdf, m_title, this, [this, key](bool taken) {
+        key->setEnabled(true);
+        if (taken)
+            accept();
+    });
 }
 
 void frmPrintPreview::Turn(int step)

@@ -3,7 +3,6 @@
 #include "base/number_text.h"
 #include "base/program_folder.h"
 #include "handover/open_query.h"
-#include "output/paper.h"
 #include "output/spreadsheet_plugin.h"
 #include "output/stored_files.h"
 #include "output/working_copy.h"
@@ -172,7 +171,7 @@ void FillCopy(SpreadsheetApplication& application, const BillSheet& bill, const 
         book->ExportPdf(*page, copy.pdf());
 }
 
-void PutOut(Program& program, const BillSheet& bill, WorkingCopy& copy, SheetGoal goal, const ShowPages& showPages)
+void PutOut(Program& program, const BillSheet& bill, WorkingCopy& copy, SheetGoal goal, const TakePages& takePages)
 {
     const GoodsBarcodes barcodes(program, bill.lines);
     try {
@@ -185,10 +184,7 @@ void PutOut(Program& program, const BillSheet& bill, WorkingCopy& copy, SheetGoa
     } catch (const SpreadsheetError& error) {
         return Say(program, error);
     }
-    if (goal == SheetGoal::Print)
-        PrintPdf(program, copy.pdf(), bill.valBillCode);
-    else
-        showPages(copy.pdf());
+    takePages(copy.pdf());
 }
 
 } // namespace
@@ -229,7 +225,7 @@ QString GoodsBarcodes::GetGoodsBarcode(const QString& goodsCode) const
 }
 
 void PrintBill_Excel(Program& program, const BillSheet& bill, const QString& valPrintModleName, SheetGoal goal,
-                     const ShowPages& showPages)
+                     const TakePages& takePages)
 {
     const QString name = valPrintModleName.trimmed();
     if (name.isEmpty() || name == u"暂无")
@@ -242,7 +238,7 @@ void PrintBill_Excel(Program& program, const BillSheet& bill, const QString& val
         return;
     WorkingCopy copy(*path);
     if (copy.Fill(*stored))
-        PutOut(program, bill, copy, goal, showPages);
+        PutOut(program, bill, copy, goal, takePages);
     else
         program.prompt.Inform("不能写入文件" + *path + "，请确定磁盘空间和写权限后重新操作！");
 }

@@ -34,12 +34,12 @@ enum class SheetGoal
     IntoExcel, // the filled workbook is left to the user
 };
 
-/// Shows the pages of a PDF and returns when the user is done with them.
-using ShowPages = std::function<void(const QString& pdf)>;
+/// Prints or shows the pages of a PDF, which goes when this returns.
+using TakePages = std::function<void(const QString& pdf)>;
 
 /// Fills a stored template with a bill. Every refusal and failure has been said.
 void PrintBill_Excel(Program& program, const BillSheet& bill, const QString& valPrintModleName, SheetGoal goal,
-                     const ShowPages& showPages);
+                     const TakePages& takePages);
 /// Opens a stored template for the user. What is changed there does not go back into the account set.
 void SetPrintTemplate(Program& program, const QString& valPrintModleName);
 

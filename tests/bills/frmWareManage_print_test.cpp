@@ -67,6 +67,7 @@ TEST_F(WareManagePrint, EveryEntryLeadsToItsWork)
     Trigger("MPDirect_Excel");
     Trigger("MPDirect_Excel_TXM_S");
     Choose("MPDirect_Excel_D", "我的&&单.xls");
+    ASSERT_TRUE(QTest::qWaitFor(FakeLp::IsDone, kPatience));
     EXPECT_EQ(lp.titles().count("BSD202302080001"), 3);
     EXPECT_TRUE(lp.paper().contains("BSD202302080001\n")) << lp.paper().toStdString();
     EXPECT_TRUE(lp.paper().contains("A001\t螺丝"));

@@ -3,7 +3,6 @@
 #include "assembly/piece_print.h"
 #include "assembly/piece_screen.h"
 #include "bills/screen.h"
-#include "output/fake_lp.h"
 #include "output/pdf_pages.h"
 #include "output/spreadsheet_plugin.h"
 
@@ -34,15 +33,19 @@ protected:
         QFile stored(TEMPLATE_FOLDER "/fixed/" + name);
         EXPECT_TRUE(stored.open(QIODevice::ReadOnly)) << name.toStdString();
         test.Insert("TabExcelTable", {{"TabName", name.toUtf8().constData()}, {"TabInf", stored.readAll()}});
-        PrintBill_Excel(test.program, SheetOf(test.program, bill, paper), name, SheetGoal::Print, {});
+        PrintBill_Excel(test.program, SheetOf(test.program, bill, paper), name, SheetGoal::Print,
+                        [this](const QString& made) {
+                            QFile::remove(pdf);
+                            EXPECT_TRUE(QFile::copy(made, pdf));
+                        });
         EXPECT_EQ(test.prompt.TakeTexts(), QStringList());
         QProcess text;
-        text.start("pdftotext", {"-layout", lp.paperPath(), "-"});
+        text.start("pdftotext", {"-layout", pdf, "-"});
         EXPECT_TRUE(text.waitForFinished());
         return QString::fromUtf8(text.readAllStandardOutput()).remove(' ');
     }
 
-    const FakeLp lp;
+    const QString pdf = test.folder.filePath("paper.pdf");
 };
 
 using PrintedBill = PrintedBy<BillScreen>;
@@ -57,7 +60,7 @@ TEST_F(PrintedBill, ATransferOfTwoHundredLines)
     }
     ASSERT_EQ(Save(), QStringList("保存成功！"));
     const QString text = Print("", kWareManagePaper);
-    const std::vector<QSizeF> pages = PageSizes(lp.paperPath()).value();
+    const std::vector<QSizeF> pages = PageSizes(pdf).value();
     EXPECT_GE(pages.size(), 4U);
     EXPECT_LE(pages.size(), 14U);
     EXPECT_NEAR(std::min(pages[0].width(), pages[0].height()), 595, 2) << "A4";

@@ -2,6 +2,7 @@
 
 // A printing system of the test's own: the first lp on the PATH keeps what it is given, or refuses.
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -29,21 +30,25 @@ struct NoPrograms : SearchPath
 class FakeLp
 {
 public:
-    /// @param refusal  what it says before it fails; none for a printer that takes everything
-    explicit FakeLp(const QByteArray& refusal = {})
+    /// @param script  what it does instead of taking everything
+    explicit FakeLp(const QByteArray& script = {})
     {
         QFile lp(m_folder.filePath("lp"));
         EXPECT_TRUE(lp.open(QIODevice::WriteOnly));
         const QByteArray folder = m_folder.path().toUtf8();
-        lp.write(refusal.isEmpty() ? "#!/bin/sh\necho \"$2\" >> " + folder + "/titles\ncp \"$3\" " + folder + "/paper\n"
-                                   : "#!/bin/sh\necho '" + refusal + "' >&2\nexit 1\n");
+        const QByteArray takes = "echo \"$2\" >> " + folder + "/titles\ncat > " + folder + "/paper\n";
+        lp.write("#!/bin/sh\n" + (script.isEmpty() ? takes : script));
         lp.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
     /// What came out last, and the titles of all prints.
     QString paper() const { return Read("paper"); }
     QString titles() const { return Read("titles"); }
-    QString paperPath() const { return m_folder.filePath("paper"); }
+
+    /// Whether every print has come to its end.
+    static bool IsDone() { return !QCoreApplication::instance()->findChild<QObject*>("PrintJob"); }
+    /// The script of one that fails with these words.
+    static QByteArray Saying(const QByteArray& words) { return "echo '" + words + "' >&2\nexit 1\n"; }
 
 private:
     QString Read(const QString& name) const

@@ -86,13 +86,15 @@ TEST_F(PrintPreviewTest, PrintsAndCloses)
 {
     Open();
     {
-        const FakeLp refuses("lp: fire");
+        const FakeLp refuses(FakeLp::Saying("lp: fire"));
         Press({Qt::Key_P}, Qt::ControlModifier);
+        ASSERT_TRUE(QTest::qWaitFor(FakeLp::IsDone, kPatience));
         EXPECT_EQ(test.Boxes(), "打印机没有接收打印任务：lp: fire");
         EXPECT_TRUE(window->isVisible());
     }
     const FakeLp lp;
-    Press({Qt::Key_P}, Qt::ControlModifier);
+    Press({Qt::Key_P, Qt::Key_P}, Qt::ControlModifier); // one print, however often the key is pressed
+    ASSERT_TRUE(QTest::qWaitFor(FakeLp::IsDone, kPatience));
     EXPECT_EQ(lp.titles(), "TDD1\n");
     EXPECT_FALSE(window->isVisible());
     EXPECT_TRUE(test.prompt.boxes.empty());

@@ -1,7 +1,5 @@
 #include "output/template_print.h"
 
-#include "fake_lp.h"
-#include "output/paper.h"
 #include "support/memory_workbook.h"
 #include "support/test_program.h"
 
@@ -228,37 +226,6 @@ TEST_F(TemplatePrintTest, FoldersThatCannotBeMadeAreSaid)
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         EXPECT_EQ(Fill("T.xls"), "不能建立文件夹" + file.fileName() + "，请确定程序文件夹的写权限后重新操作！");
     }
-}
-
-TEST_F(TemplatePrintTest, PrintsThroughTheSystem)
-{
-    const FakeLp lp;
-    EXPECT_EQ(Fill("T.xls", SheetGoal::Print), "");
-    EXPECT_TRUE(lp.paper().contains("001\t螺丝\t1200.5")) << lp.paper().toStdString();
-    EXPECT_EQ(lp.titles(), "TDD1\n");
-    EXPECT_EQ(FilesIn("TempFile"), "");
-    EXPECT_EQ(shown, QStringList());
-}
-
-TEST_F(TemplatePrintTest, WhatThePrintingSystemRefusesIsSaid)
-{
-    const std::pair<const char*, const char*> cases[] = {
-        {"lp: Error - No default destination.",
-         "没有默认打印机，不能打印！请在系统设置中添加打印机并设为默认打印机后重新操作。"},
-        {"lp: Error - The printer or class does not exist.",
-         "默认打印机不存在，不能打印！请在系统设置中重新设定默认打印机后重新操作。"},
-        {"lp: Destination \"a\" is not accepting jobs.",
-         "打印机已停止接收打印任务，不能打印！请检查打印机后重新操作。"},
-        {"lp: Error - scheduler not responding.", "打印服务没有运行，不能打印！请启动系统的打印服务(cups)后重新操作。"},
-        {"lp: fire", "打印机没有接收打印任务：lp: fire"},
-    };
-    for (const auto& [words, box] : cases) {
-        const FakeLp lp(words);
-        EXPECT_EQ(Fill("T.xls", SheetGoal::Print), box);
-    }
-    const NoPrograms none;
-    EXPECT_EQ(Fill("T.xls", SheetGoal::Print), "没有安装打印命令lp，不能打印！请安装软件包 cups-client 后重新操作。");
-    EXPECT_EQ(FilesIn("TempFile"), "");
 }
 
 TEST_F(TemplatePrintTest, ATemplateIsOpenedForTheUser)
