@@ -100,7 +100,7 @@ QString FormatByDigits(const Value& value, int digits)
 
 double RoundByDigits(double value, int digits)
 {
-    return digits == Plain ? value : RoundToPlaces(value, PlacesOfCode(digits));
+    return digits == Plain ? Val(PlainNumberText(value)) : RoundToPlaces(value, PlacesOfCode(digits));
 }
 
 QString FormatByType(Program& program, const Value& value, const QString& typeName)

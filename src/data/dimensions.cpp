@@ -49,7 +49,7 @@ Sql BuildDimensionFilter(const char* table, const Dimensions& dimensions, bool a
     // The snapshot of a close has no audit mark.
     if (auditedOnly && std::string_view(table) != "TabWarehouseTurn")
         AddColumn(filter, table, "Auditing") += " <> '' ";
-    if (moneyName != kAllCurrencies)
+    if (moneyName.trimmed() != kAllCurrencies)
         AddEqual(filter, table, "MoneyName", moneyName);
     return filter;
 }

@@ -51,6 +51,7 @@ TEST(Acctset, RefusesWithOneAndCallsWrongUseTwo)
         {{"stock", DemoFile(), "--ware", "010101001", "--date", "someday"}, 2},
         {{"stock", folder.filePath("x.db"), "--ware", "010101001"}, 1},
         {{"stock", text.fileName(), "--ware", "010101001"}, 1},
+        {{"check", text.fileName()}, 1},
         {{"cost", DemoFile(), "--ware", "010101001", "--amount", "many"}, 2},
         {{"rewrite", DemoFile(), "--ware", "010101001", "--warehouse", "0101"}, 2},
         {{"handover", folder.path()}, 2},
@@ -63,8 +64,24 @@ TEST(Acctset, RefusesWithOneAndCallsWrongUseTwo)
         EXPECT_EQ(outcome.exitCode, exitCode) << arguments.join(' ').toStdString();
         EXPECT_EQ(outcome.error.isEmpty(), exitCode == 0) << arguments.join(' ').toStdString();
         EXPECT_EQ(outcome.out.isEmpty(), exitCode != 0) << arguments.join(' ').toStdString();
+        EXPECT_TRUE(exitCode != 1 || outcome.error.count('\n') <= 2) << "a reason is said once";
     }
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList("text.db"));
+}
+
+TEST(Acctset, ANewSetHasWhatItCannotWorkWithout)
+{
+    const QTemporaryDir folder;
+    for (const QStringList& company : {QStringList(), QStringList({"--company", "甲公司"})}) {
+        const QString path = folder.filePath(company.isEmpty() ? "shop.db" : "other.db");
+        ASSERT_EQ(RunAcctset(QStringList({"create", path}) + company).exitCode, 0);
+        const auto store = OpenSqliteFile(path);
+        EXPECT_EQ(store->Run(Sql("select Name from TabCompanyInf")).Text("Name"), company.value(1, "shop"));
+        EXPECT_EQ(store->Run(Sql("select Name from TabMoneyType where IsBWB='是' and Rate=1")).Text("Name"), "人民币");
+        EXPECT_EQ(store->Run(Sql("select IsZero from TabSysSet")).at(0, 0), Value(qint64(0))) << "stock is tested";
+        const Recordset places = store->Run(Sql("select group_concat(Name||Num) as places from TabDotSet"));
+        EXPECT_EQ(places.Text("places"), "单价型4,数值型2,金额型2,货币型2");
+    }
 }
 
 TEST(Acctset, EveryCommandTellsItsOptions)

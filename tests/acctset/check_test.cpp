@@ -80,6 +80,8 @@ const Fault kFaults[] = {
       "cost\t销售出库单\tXSC202312070002\tline 4 of 2023-12-07, good 010302007: stored 13.2851, the engine gives 1"}},
     {{"update TabWareGroup set AveragePrice=1 where Code='ZZD202312200001'"},
      {"cost\t商品组装单\tZZD202312200001\thead of 2023-12-20, good 020101007: stored 1, the engine gives 31.4481"}},
+    // Its total of 3,186.24 counts as 3 when it is saved.
+    {{"update TabWareGroup set AveragePrice=25.5858 where Code='ZZD202312200001'"}, {}},
 };
 
 } // namespace
@@ -100,8 +102,8 @@ TEST(Check, EveryPlantedFaultIsFoundAndNothingElse)
 {
     for (const Fault& fault : kFaults) {
         const Outcome outcome = CheckPlanted(fault.statements);
-        EXPECT_EQ(outcome.exitCode, 1) << fault.findings.first().toStdString();
-        EXPECT_EQ(outcome.out, fault.findings.join('\n') + '\n');
+        EXPECT_EQ(outcome.exitCode, fault.findings.isEmpty() ? 0 : 1) << outcome.out.toStdString();
+        EXPECT_EQ(outcome.out.trimmed(), fault.findings.join('\n'));
         EXPECT_EQ(outcome.error, "");
     }
 }

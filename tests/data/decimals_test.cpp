@@ -53,6 +53,7 @@ TEST(Decimals, FormatByDigits)
     EXPECT_EQ(RoundByDigits(2.5, 0), 3);
     EXPECT_EQ(RoundByDigits(1.239, -3), 1.24);
     EXPECT_EQ(RoundByDigits(1.23456, -2), 1.23456);
+    EXPECT_EQ(RoundByDigits(0.1 + 0.7, -2), 0.8) << "what is shown and read back";
 }
 
 TEST(Decimals, FormatByType)

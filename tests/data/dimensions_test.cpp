@@ -7,7 +7,7 @@
 TEST(Dimensions, NothingToLimitIsNoCondition)
 {
     EXPECT_TRUE(BuildDimensionFilter("TabInBillInf", {}, true, false, "").isEmpty());
-    EXPECT_TRUE(BuildDimensionFilter("", {"  ", "", " ", "", ""}, false, false, kAllCurrencies).isEmpty());
+    EXPECT_TRUE(BuildDimensionFilter("", {"  ", "", " ", "", ""}, false, false, " 综合本位币 ").isEmpty());
     EXPECT_FALSE(Dimensions{.Brand = "  "}.any());
     EXPECT_TRUE(Dimensions{.PCode = "B1"}.any());
 }

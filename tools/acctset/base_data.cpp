@@ -66,12 +66,11 @@ struct BaseTable
 };
 
 const std::vector<BaseTable> kBaseTables = {
-    {"TabCompanyInf", "Name", {"浙江恒信商贸有限公司"}},
     {"TabStuff",
      "Code|Name|DepartmentCode",
      {"001|陈国强|01", "002|林晓燕|02", "003|黄志明|02", "004|王建军|0301", "005|李娜|0301", "006|赵伟|0301",
       "007|周敏|0302", "008|吴丽华|0302", "009|郑涛|04", "010|孙浩|04", "011|何秀英|05", "012|徐静|05"}},
-    {"TabMoneyType", "Name|Rate|IsBWB", {"人民币|1|是", "美元|6.95|否"}},
+    {"TabMoneyType", "Name|Rate|IsBWB", {"美元|6.95|否"}},
     {"TabOutInType",
      "Name|CalCostYN",
      {"其他入库|是", "自产入库|是", "采购赠品|否", "其他出库|是", "样品领用|否", "办公领用|否"}},
@@ -178,17 +177,19 @@ void WritePartners(NewAccountSet& accountSet)
     }
 }
 
-void WriteSettings(NewAccountSet& accountSet)
+} // namespace
+
+void WriteSettings(NewAccountSet& accountSet, const QString& company)
 {
     const std::pair<const char*, int> places[] = {
         {"单价型", kPricePlaces}, {"数值型", kAmountPlaces}, {"金额型", kMoneyPlaces}, {"货币型", kMoneyPlaces}};
     for (const auto& [name, count] : places)
         accountSet.Insert("TabDotSet", "Name|Num", QString("%1|%2").arg(name).arg(count));
     accountSet.Insert("TabSysSetNew", "Name|IsAllow", "审核单据参与核算|0");
-    accountSet.Insert("TabSysSet", "IsZero", "0");
+    accountSet.Insert("TabSysSet", "IsZero", "0"); // stock is tested
+    accountSet.Insert("TabMoneyType", "Name|Rate|IsBWB", "人民币|1|是");
+    accountSet.Insert("TabCompanyInf", {company});
 }
-
-} // namespace
 
 void WriteGoods(NewAccountSet& accountSet, const std::vector<Good>& goods)
 {
@@ -203,7 +204,7 @@ void WriteGoods(NewAccountSet& accountSet, const std::vector<Good>& goods)
 
 void WriteBase(NewAccountSet& accountSet, const std::vector<TreeRow>& warehouses)
 {
-    WriteSettings(accountSet);
+    WriteSettings(accountSet, "浙江恒信商贸有限公司");
     WriteTree(accountSet, "TabWarehouseType", warehouses);
     WriteTree(accountSet, "TabAttribute", kAttributes);
     WriteTree(accountSet, "TabClientType", kClientTypes);

@@ -11,6 +11,8 @@ struct Partner
     double discount = 1;
 };
 
+/// What no account set works without: decimal places, switches, the base currency and the name of the company.
+void WriteSettings(NewAccountSet& accountSet, const QString& company);
 /// Settings, trees, people, partners, currencies, accounts and rights.
 void WriteBase(NewAccountSet& accountSet, const std::vector<TreeRow>& warehouses);
 /// The goods and their classes.

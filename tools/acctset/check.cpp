@@ -26,8 +26,9 @@ int CheckCommand(const QStringList& arguments)
         return kDone;
     OpenedAccountSet set(line.Word(0));
     // All of a file is read, most of it not in its order: mapped, its pages are not copied again and again.
-    if (set.program.parameters.IsAccess)
-        OpenQuery(set.program, Sql("pragma mmap_size=2147418112"));
+    OpenQuery(set.program,
+              set.program.parameters.IsAccess ? Sql("pragma mmap_size=2147418112") : Sql("select Name from TabDotSet"));
+    set.RefuseOnErrors(); // nothing is asked of what cannot be opened
     int findings = 0;
     const Report print = [&](const Finding& finding) {
         PrintLine(QStringList{finding.kind, finding.bill, finding.code, finding.what}.join('\t'));

@@ -1,6 +1,7 @@
 #include "check_goods.h"
 
 #include "cost_answers.h"
+#include "data/decimals.h"
 #include "stock_bills.h"
 
 #include <cmath>
@@ -73,6 +74,13 @@ std::optional<double> CostComparison::UnlikeTaken(const CostedLine& line)
     return m_answers.NewestCost(question, line.day);
 }
 
+/// The total of an assembly as its save hands it to the engine: a grouped one counts up to its first separator.
+Currency TotalAsRead(const CostedLine& line, int moneyDigits)
+{
+    return line.table == "TabWareGroup" ? Currency::FromDouble(Val(FormatByDigits(line.money, moneyDigits)))
+                                        : line.money;
+}
+
 /// A line that records a cost holds the average up to itself, or that of its whole day. The engine counts whole days,
 /// so what came later on the day is taken off again.
 std::optional<double> CostComparison::UnlikeRecorded(const CostedLine& line)
@@ -93,10 +101,11 @@ std::optional<double> CostComparison::UnlikeRecorded(const CostedLine& line)
         }
         isLater = isLater || &other == &line;
     }
-    if (question.lineAmount == 0 && question.lineMoney == Currency())
-        return ofDay;
     const double upToLine = m_answers.RecordedCost(question);
-    return Holds(line, upToLine) ? std::nullopt : std::optional(upToLine);
+    question.lineMoney -= line.money - TotalAsRead(line, m_rules.moneyDigits);
+    if (Holds(line, upToLine) || Holds(line, m_answers.RecordedCost(question)))
+        return std::nullopt;
+    return upToLine;
 }
 
 Finding FindingOf(const CostedGood& good, const CostedLine& line, double expected, double tolerance)

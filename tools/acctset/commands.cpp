@@ -116,8 +116,10 @@ bool RecordingPrompt::Ask(const QString& text)
 
 void RecordingPrompt::Error(const QString& text)
 {
+    if (errors.contains(text))
+        return;
     PrintErrorLine("acctset: " + QString(text).replace("\r\n", " "));
-    ++errors;
+    errors << text;
 }
 
 OpenedAccountSet::OpenedAccountSet(const QString& word) : OpenedAccountSet(ExistingPlace(word)) {}
@@ -128,7 +130,7 @@ OpenedAccountSet::OpenedAccountSet(const AccountSetPlace& place)
 
 void OpenedAccountSet::RefuseOnErrors() const
 {
-    if (prompt.errors > 0)
+    if (!prompt.errors.isEmpty())
         throw Refusal{"the account set did not answer"};
 }
 

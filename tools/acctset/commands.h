@@ -70,13 +70,13 @@ public:
     void Inform(const QString& text) override { said << text; }
     void Warn(const QString& text) override { said << text; }
     bool Ask(const QString& text) override;
-    /// Goes to standard error at once.
+    /// Goes to standard error at once, a reason only once.
     void Error(const QString& text) override;
     QString AskFile(const QString&, const QString&) override { return {}; }
 
     QStringList said; // boxes and questions, in order
     bool answer = true;
-    int errors = 0;
+    QStringList errors; // each text once
 };
 
 /// An account set with a program on it. Operator 系统管理员, working date today, no currencies.

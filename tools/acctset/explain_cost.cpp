@@ -58,6 +58,12 @@ QStringList PeriodAverageOf(Program& program, const CostQuestion& question, doub
             "          " + figures.Division(average.opening, average.inflow, cost)};
 }
 
+QString WhyUnlike(const QString& table)
+{
+    const QString later = "记录之后又有补录或改动";
+    return table == "TabWareGroup" ? "组装单保存时合计金额只计到千分位逗号之前，或" + later : later;
+}
+
 /// How the costing method makes the cost of a day, and whether that is what was recorded.
 QStringList MethodOf(Program& program, CostQuestion question, const QString& costStyle, const RecordedCost& recorded)
 {
@@ -72,7 +78,7 @@ QStringList MethodOf(Program& program, CostQuestion question, const QString& cos
     else
         sentences = MovingAverageOf(program, question, cost);
     if (cost != RoundByDigits(recorded.cost, GetDigitsByType(program, "单价型")))
-        sentences << "          与记录的成本不同：记录之后又有补录或改动";
+        sentences << "          与记录的成本不同：" + WhyUnlike(recorded.table);
     return sentences;
 }
 
