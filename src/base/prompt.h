@@ -11,6 +11,8 @@ public:
     virtual ~Prompt() = default;
     /// Information icon, OK.
     virtual void Inform(const QString& text) = 0;
+    /// Information icon, OK and Cancel, which end the command alike.
+    virtual void InformOrCancel(const QString& text) { Inform(text); }
     /// Critical icon, OK: a failed start, a missing program.
     virtual void Warn(const QString& text) = 0;
     /// Yes and no; true for yes.

@@ -64,9 +64,13 @@ bool CheckCurrency(Program& program, const BillText& bill)
 {
     if (!program.parameters.IsLotMoney)
         return true;
+    const auto refuse = [&program](const QString& text) {
+        program.prompt.InformOrCancel(text);
+        return false;
+    };
     if (bill.TxtMoneyName.trimmed().isEmpty())
-        return Refuse(program, "请选择币种！");
-    return CellNumber(bill.TxtMoneyRate) != 0 || Refuse(program, "汇率不能为0，如果是本位币，则汇率填写1");
+        return refuse("请选择币种！");
+    return CellNumber(bill.TxtMoneyRate) != 0 || refuse("汇率不能为0，如果是本位币，则汇率填写1");
 }
 
 namespace {

@@ -97,6 +97,14 @@ void MessagePrompt::Inform(const QString& text)
     Tell(kInformation, kTitle, text);
 }
 
+void MessagePrompt::InformOrCancel(const QString& text)
+{
+    Box box(kInformation, kTitle, text);
+    QPushButton* const ok = box.Button("确定", QMessageBox::AcceptRole);
+    box.SetKeys(ok, box.Button("取消", QMessageBox::RejectRole));
+    box.Show();
+}
+
 void MessagePrompt::Warn(const QString& text)
 {
     Tell(kCritical, kTitle, text);

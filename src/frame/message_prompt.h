@@ -8,6 +8,7 @@ class MessagePrompt : public Prompt
 {
 public:
     void Inform(const QString& text) override;
+    void InformOrCancel(const QString& text) override;
     void Warn(const QString& text) override;
     bool Ask(const QString& text) override;
     void Error(const QString& text) override;

@@ -86,6 +86,17 @@ TEST_F(ValidationTest, TheChainRefusesOneThingAfterAnother)
     EXPECT_EQ(Check(), QStringList("单据编号不能为空！"));
 }
 
+TEST_F(ValidationTest, TheCurrencyBoxesHaveASecondKey)
+{
+    test.program.parameters.IsLotMoney = true;
+    for (const char* currency : {"", "人民币"}) {
+        bill.TxtMoneyName = currency;
+        bill.TxtMoneyRate = "0";
+        EXPECT_FALSE(CheckCurrency(test.program, bill));
+        EXPECT_EQ(test.prompt.boxes.back().kind, "cancel");
+    }
+}
+
 TEST_F(ValidationTest, TheOnlyWarehouseIsNamedByTheKind)
 {
     for (const QString operation : {"商品调价", "盘点报损", "盘点报溢"}) {

@@ -17,11 +17,12 @@ class ScriptedPrompt : public Prompt
 public:
     struct Box
     {
-        QString kind; // inform, warn, ask, error, file
+        QString kind; // inform, cancel (with a second key), warn, ask, error, file
         QString text;
     };
 
     void Inform(const QString& text) override { boxes.push_back({"inform", text}); }
+    void InformOrCancel(const QString& text) override { boxes.push_back({"cancel", text}); }
     void Warn(const QString& text) override { boxes.push_back({"warn", text}); }
     bool Ask(const QString& text) override;
     void Error(const QString& text) override { boxes.push_back({"error", text}); }
