@@ -2,6 +2,7 @@
 
 #include "assembly/piece_print.h"
 #include "bills/bill_widgets.h"
+#include "bills/date_box.h"
 #include "bills/grid_view.h"
 #include "bills/line_table.h"
 #include "bills/toolbar_icons.h"
@@ -27,8 +28,8 @@ frmReadGroupPieceQuery::frmReadGroupPieceQuery(Program& program, GroupPieceText&
       m_list(std::move(list)),
       m_grid(new GridView(m_list.MSH, this)),
       m_billCode(new QLineEdit),
-      m_from(new QLineEdit),
-      m_to(new QLineEdit)
+      m_from(new DateBox("TxtDateeFrom", DateBox::Blank::Allowed)),
+      m_to(new DateBox("TxtDateeTo", DateBox::Blank::Allowed))
 {
     setObjectName("frmReadGroupPieceQuery");
     setWindowTitle(m_list.kind->bill + "查询");
@@ -89,14 +90,16 @@ QLayout* frmReadGroupPieceQuery::BuildFilter()
     bold.setBold(true);
     name->setFont(bold);
     row->addWidget(name);
-    const auto add = [&](QLineEdit* box, const char* control, const QString& caption) {
-        box->setObjectName(control);
+    const auto add = [&](QLineEdit* box, const QString& caption) {
         row->addWidget(MakeCell(new QLabel(caption), box), 1);
         connect(box, &QLineEdit::returnPressed, this, &frmReadGroupPieceQuery::Filter);
     };
-    add(m_billCode, "TxtBillCode", "单据编号");
-    add(m_from, "TxtDateeFrom", "单据日期从");
-    add(m_to, "TxtDateeTo", "至");
+    m_billCode->setObjectName("TxtBillCode");
+    add(m_billCode, "单据编号");
+    for (DateBox* const day : {m_from, m_to})
+        day->SetBase(m_program.clock.Now().day);
+    add(m_from, "单据日期从");
+    add(m_to, "至");
     auto* const query = new QPushButton("查询(&Q)");
     query->setObjectName("CmdQuery");
     query->setAutoDefault(false);
@@ -107,6 +110,8 @@ QLayout* frmReadGroupPieceQuery::BuildFilter()
 
 void frmReadGroupPieceQuery::Filter()
 {
+    for (DateBox* const day : {m_from, m_to})
+        day->Commit();
     if (!FilterAssemblyList(m_program, m_list, {m_billCode->text(), m_from->text(), m_to->text()}))
         return;
     m_list.MSH.currentRow = 1;

@@ -7,6 +7,7 @@
 
 #include <QDialog>
 
+class DateBox;
 class GridView;
 class QLineEdit;
 class QMenuBar;
@@ -39,6 +40,6 @@ private:
     AssemblyList m_list;
     GridView* m_grid;      // MSH
     QLineEdit* m_billCode; // TxtBillCode
-    QLineEdit* m_from;     // TxtDateeFrom
-    QLineEdit* m_to;       // TxtDateeTo
+    DateBox* m_from;       // TxtDateeFrom
+    DateBox* m_to;         // TxtDateeTo
 };

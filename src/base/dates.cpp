@@ -67,6 +67,62 @@ std::optional<QDate> TakeDay(Scanner& scanner)
     return std::nullopt;
 }
 
+constexpr int kLastYear = 9999;
+constexpr int kYearsInCentury = 100;
+constexpr int kFurthestStep = 9999; // days that a user may type with a sign
+
+/// +1, -15.
+std::optional<QDate> TakeSteps(Scanner scanner, const QDate& shown)
+{
+    const bool isBack = scanner.Take(u'-');
+    if (!isBack && !scanner.Take(u'+'))
+        return std::nullopt;
+    const auto steps = scanner.TakeNumber(1, 5);
+    if (!steps || *steps > kFurthestStep || !scanner.rest.isEmpty())
+        return std::nullopt;
+    return shown.addDays(isBack ? -*steps : *steps);
+}
+
+/// Digits alone: what is missing in front is that of the shown day.
+std::optional<QDate> TakeDigits(Scanner scanner, const QDate& shown)
+{
+    struct Shape
+    {
+        qsizetype length;
+        int year; // digits of it
+        int month;
+    };
+    constexpr Shape kShapes[] = {{8, 4, 2}, {6, 2, 2}, {4, 0, 2}, {2, 0, 0}, {1, 0, 0}};
+    for (const Shape& shape : kShapes) {
+        if (scanner.rest.size() != shape.length)
+            continue;
+        auto year = shape.year > 0 ? scanner.TakeNumber(shape.year, shape.year) : shown.year();
+        if (shape.year == 2 && year)
+            *year += shown.year() / kYearsInCentury * kYearsInCentury;
+        const auto month = shape.month > 0 ? scanner.TakeNumber(shape.month, shape.month) : shown.month();
+        const auto day = scanner.TakeNumber(1, 2);
+        if (year && month && day && scanner.rest.isEmpty())
+            return QDate(*year, *month, *day);
+    }
+    return std::nullopt;
+}
+
+/// 11-15: month and day of the shown year.
+std::optional<QDate> TakeMonthAndDay(Scanner scanner, const QDate& shown)
+{
+    const auto month = scanner.TakeNumber(1, 2);
+    for (const DaySigns& signs : kDaySigns) {
+        if (!month || !scanner.Take(signs.afterMonth))
+            continue;
+        const auto day = scanner.TakeNumber(1, 2);
+        scanner.Take(signs.afterDay);
+        if (day && scanner.rest.isEmpty())
+            return QDate(shown.year(), *month, *day);
+        break;
+    }
+    return std::nullopt;
+}
+
 /// Digits behind the third are below a millisecond.
 std::optional<int> TakeMilliseconds(Scanner& scanner)
 {
@@ -140,6 +196,30 @@ std::optional<QDate> ParseDay(QStringView text)
 {
     const auto moment = ParseMoment(text);
     return moment ? std::optional(moment->day) : std::nullopt;
+}
+
+std::optional<QDate> ReadTypedDay(const QString& text, const QDate& shown)
+{
+    const QString typed = text.normalized(QString::NormalizationForm_KC).trimmed();
+    auto day = ParseDay(typed);
+    for (const auto take : {TakeSteps, TakeDigits, TakeMonthAndDay}) {
+        if (!day)
+            day = take(Scanner{typed}, shown);
+    }
+    return day && day->isValid() && *day >= kNoDate && day->year() <= kLastYear ? day : std::nullopt;
+}
+
+QDate StepDay(const QDate& day, DayPart part, int step)
+{
+    switch (part) {
+    case DayPart::Year:
+        return day.addYears(step);
+    case DayPart::Month:
+        return day.addMonths(step);
+    case DayPart::Day:
+        break;
+    }
+    return day.addDays(step);
 }
 
 std::optional<Moment> ParseMoment(QStringView text)

@@ -33,5 +33,18 @@ QString MomentText(const Moment& moment);
 /// The day in a text: year, month and day in this order with "-", "/", "." or 年月日 between them, leading zeros or
 /// not, a time of day behind it allowed and ignored. Unset for anything else.
 std::optional<QDate> ParseDay(QStringView text);
+/// The day that a user types into a date box: as ParseDay reads it, or with less: 20231115, 231115, 1115 and 11-15 (of
+/// the year that stands there), 15 (of the month that stands there), +1 and -1 (days from there). Full-width digits
+/// are digits. Unset for anything else and before kNoDate.
+/// @param shown  the day that stands in the box
+std::optional<QDate> ReadTypedDay(const QString& text, const QDate& shown);
+/// The day with one part raised by `step`, the day of the month held to the month's last.
+enum class DayPart
+{
+    Year,
+    Month,
+    Day,
+};
+QDate StepDay(const QDate& day, DayPart part, int step);
 /// The same with its time of day ("9:05", "09:05:12", "09:05:12.004"; none is midnight).
 std::optional<Moment> ParseMoment(QStringView text);

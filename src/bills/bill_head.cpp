@@ -2,12 +2,12 @@
 
 #include "bills/bill_widgets.h"
 #include "bills/bill_window.h"
+#include "bills/date_box.h"
 #include "bills/lifecycle.h"
 #include "bills/paste.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -31,13 +31,10 @@ QLineEdit* BillWindow::MakeBox(const char* control, QString& text, bool isTyped)
 
 QWidget* BillWindow::MakeDate()
 {
-    auto* const date = new QDateEdit;
-    date->setObjectName("DTPDate");
-    date->setCalendarPopup(true);
-    date->setDisplayFormat("yyyy-MM-dd");
-    date->installEventFilter(this);
-    connect(date, &QDateEdit::dateChanged, this, [this](const QDate& day) { m_bill.DTPDate = day; });
-    return date;
+    m_date = new DateBox("DTPDate");
+    m_date->installEventFilter(this);
+    connect(m_date, &DateBox::DateChanged, this, [this](const QDate& day) { m_bill.DTPDate = day; });
+    return m_date;
 }
 
 QLineEdit* BillWindow::MakeHeadBox(const char* control)

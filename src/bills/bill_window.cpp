@@ -1,6 +1,7 @@
 #include "bills/bill_window.h"
 
 #include "bills/bill_widgets.h"
+#include "bills/date_box.h"
 #include "bills/grid_view.h"
 #include "bills/lifecycle.h"
 #include "bills/line_columns.h"
@@ -15,7 +16,6 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QHeaderView>
 #include <QIntValidator>
 #include <QLineEdit>
@@ -232,7 +232,7 @@ void BillWindow::Bind(QWidget* widget, QString& text)
 void BillWindow::ShowBill()
 {
     const QSignalBlocker quiet(findChild<QComboBox*>("TxtMoneyName"));
-    findChild<QDateEdit*>("DTPDate")->setDate(m_bill.DTPDate);
+    m_date->SetDate(m_bill.DTPDate);
     for (const Binding& binding : m_bindings)
         ShowText(binding.widget, *binding.text);
     m_grid->SetLocked(!m_bill.entryEnabled);
@@ -292,6 +292,8 @@ void BillWindow::Run(BillCommands::Rule rule)
 
 void BillWindow::Save()
 {
+    if (!m_date->Commit())
+        return;
     m_editors->Hide();
     const int row = m_bill.MSH.currentRow;
     const int column = m_bill.MSH.currentColumn;

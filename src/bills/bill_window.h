@@ -12,6 +12,7 @@
 #include <QMainWindow>
 #include <memory>
 
+class DateBox;
 class GridView;
 class QBoxLayout;
 class QLabel;
@@ -110,6 +111,7 @@ private:
     const BillCommands m_commands;
     std::vector<Binding> m_bindings;
     GridView* m_grid = nullptr;
+    DateBox* m_date = nullptr; // DTPDate
     CellEditors* m_editors = nullptr;
     QLabel* m_loading = nullptr; // LoadingPic
     bool m_importing = false;    // lines are on their way into the bill

@@ -60,6 +60,8 @@ constexpr std::array kDrawings{
     Drawing{u"ToolBefore", "M20 12 L5 12", "M11 5.5 L4.5 12 L11 18.5", kBlue},
     Drawing{u"ToolBack", "M4 12 L19 12", "M13 5.5 L19.5 12 L13 18.5", kBlue},
     Drawing{u"ToolExit", "M11 4 L5 4 L5 20 L11 20", "M9.5 12 L20 12 M15.8 7.8 L20 12 L15.8 16.2", kRed},
+    Drawing{u"ImgDate", "R4 5.5 16 14.5 1.5 M8 3.5 L8 7 M16 3.5 L16 7",
+            "M4 10 L20 10 M8 13.5 L10 13.5 M14 13.5 L16 13.5 M8 16.8 L10 16.8", kBlue},
     Drawing{u"Img", "O10.5 10.5 6", "M15 15 L20.5 20.5", kBlue},
 };
 

@@ -19,6 +19,24 @@ TEST(Dates, ReadsDaysInTheFormsInUse)
         EXPECT_FALSE(ParseDay(text)) << text.toStdString();
 }
 
+TEST(Dates, ReadsWhatIsTypedRelativeToTheShownDay)
+{
+    const QDate shown(2023, 2, 8);
+    const QStringList readings =
+        QString("20231115=2023-11-15|231115=2023-11-15|1115=2023-11-15|15=2023-02-15|"
+                "5=2023-02-05|+1=2023-02-09|-8=2023-01-31|11-15=2023-11-15|2/3=2023-02-03|"
+                "3月1日=2023-03-01|2023-11-15=2023-11-15| １１15 =2023-11-15|19000101=1900-01-01|"
+                "240229=2024-02-29|0229=|30=|0=|115=|2023=|20231301=|18991231=|+=|-=|+1x=|1 5=|"
+                "11-=|11-15-=|15x=|昨天=|=")
+            .split('|');
+    for (const QString& reading : readings)
+        EXPECT_EQ(DayText(ReadTypedDay(reading.section('=', 0, 0), shown).value_or(QDate())), reading.section('=', 1))
+            << reading.toStdString();
+    EXPECT_EQ(StepDay(QDate(2024, 2, 29), DayPart::Year, -1), QDate(2023, 2, 28));
+    EXPECT_EQ(StepDay(QDate(2023, 1, 31), DayPart::Month, 1), QDate(2023, 2, 28));
+    EXPECT_EQ(StepDay(QDate(2023, 1, 31), DayPart::Day, 1), QDate(2023, 2, 1));
+}
+
 TEST(Dates, MomentsKeepTheirMilliseconds)
 {
     const QDate day(2023, 2, 8);

@@ -1,7 +1,6 @@
 #include "ware_window.h"
 
 #include <QComboBox>
-#include <QDateEdit>
 
 namespace {
 
@@ -147,13 +146,50 @@ TEST_F(WareManageTest, ASavedBillComesBackAndItsNeighboursFollow)
     OpenSaved("TabDiffPriceMove", "YDD1");
     EXPECT_EQ(window->windowTitle(), "异价调拨单 YDD1");
     EXPECT_EQ(Box("TxtSaleMan"), "YDD1");
-    EXPECT_EQ(Find<QDateEdit>("DTPDate")->date(), QDate(2023, 2, 3));
+    EXPECT_EQ(Box("DTPDate"), "2023-02-03");
     EXPECT_EQ(Line(1), QStringList({"A001", "螺丝", "", "", "箱", "1,200.00", "1.50", "0.00", "1,800.00", ""}));
     EXPECT_EQ(Text("LabTotalMoney"), "1,800.00");
     Press({Qt::Key_PageDown}, Qt::ControlModifier);
     EXPECT_EQ(Box("TxtBillCode"), "YDD2");
     QTest::mouseClick(Find<QToolButton>("ToolBefore"), Qt::LeftButton);
     EXPECT_EQ(Box("TxtBillCode"), "YDD1");
+}
+
+TEST_F(WareManageTest, ADayIsTypedShortAndAWrongOneCannotBeLeft)
+{
+    OpenNew("盘点报溢");
+    auto* const day = Find<QLineEdit>("DTPDate");
+    const auto type = [&](const QString& text) {
+        day->setFocus();
+        day->selectAll();
+        TypeText(text);
+    };
+    type("1115");
+    Press({Qt::Key_Return});
+    EXPECT_EQ(window->bill().DTPDate, QDate(2023, 11, 15));
+    EXPECT_EQ(Focus(), "TxtWarehouseNameS");
+    const QColor usual = day->palette().color(QPalette::Base);
+    for (const Qt::Key leave : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_F2}) {
+        type("1332");
+        Press({leave});
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Focus() + day->text(), "DTPDate1332");
+        EXPECT_NE(day->palette().color(QPalette::Base), usual);
+    }
+    for (const char* control : {"ToolSave", "ToolBuild", "MSH"}) { // neither the command nor the way to the lines
+        QTest::mouseClick(Find<QWidget>(control), Qt::LeftButton);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(test.Boxes() + Focus() + day->text(), "DTPDate1332");
+    }
+    Press({Qt::Key_Escape, Qt::Key_Home, Qt::Key_Up, Qt::Key_Right, Qt::Key_Right});
+    EXPECT_EQ(window->bill().DTPDate, QDate(2024, 11, 15));
+    Press({Qt::Key_End, Qt::Key_Down});
+    EXPECT_EQ(day->text(), "2024-11-14");
+    Press({Qt::Key_F4});
+    Press({Qt::Key_Escape});
+    type("-13");
+    Press({Qt::Key_S}, Qt::ControlModifier); // a command takes what was typed
+    EXPECT_EQ(window->bill().DTPDate, QDate(2024, 11, 1));
 }
 
 TEST_F(WareManageTest, UnitsAreThoseOfTheGood)
