@@ -19,36 +19,31 @@ bool IsPieces(const BillText& bill)
     return bill.kind->lines == LineShape::Pieces;
 }
 
-void RunAll(Program& program, const std::vector<Sql>& statements)
-{
-    for (const Sql& statement : statements)
-        OpenQuery(program, statement);
-}
-
-/// Statements that take effect together, with the save that they belong to where one is under way. False when none
+/// What is written takes effect together, with the save that it belongs to where one is under way. False when nothing
 /// did; the reason has been shown.
-bool RunTogether(Program& program, const std::vector<Sql>& statements)
+template <typename Write>
+bool WriteTogether(Program& program, const Write& write)
 {
     if (program.unitOpen) {
-        RunAll(program, statements);
-        return true;
+        write();
+        return !IsOver(program);
     }
     SaveUnit unit(program);
     if (!unit.isOpen())
         return false;
-    RunAll(program, statements);
+    write();
     return unit.Commit();
 }
 
 /// One column of the bill's head and of all its lines set to a text.
-std::vector<Sql> SetOnBill(const BillText& bill, const char* column, const QString& text)
+void SetOnBill(Program& program, const BillText& bill, const char* column, const QString& text)
 {
     const QString code = bill.TxtBillCode.trimmed();
     const auto update = [&](const char* table) {
         return Sql("update  ") + Name(table) + "  set " + Name(column) + "=" + text;
     };
-    return {update(bill.kind->headTable) + "  where Code=" + code + " ",
-            update(bill.kind->lineTable) + "  where BillCode=" + code + " "};
+    OpenQuery(program, update(bill.kind->headTable) + "  where Code=" + code + " ");
+    OpenQuery(program, update(bill.kind->lineTable) + "  where BillCode=" + code + " ");
 }
 
 bool MayMark(Program& program, const BillText& bill, bool audit)
@@ -74,15 +69,13 @@ Recordset VouchersOf(Program& program, const BillText& bill)
     return OpenQuery(program, Sql("select Code,State from TabWarrant where JXCBillCode=") + bill.TxtBillCode.trimmed());
 }
 
-std::vector<Sql> DeleteVouchers(const Recordset& vouchers)
+void DeleteVouchers(Program& program, const Recordset& vouchers)
 {
-    std::vector<Sql> statements;
     for (int row = 0; row < vouchers.size(); ++row) {
         const QString code = vouchers.Text("Code", row);
-        statements.push_back(Sql("delete from TabWarrantInf where BillCode=") + code);
-        statements.push_back(Sql("delete from TabWarrant where Code =") + code);
+        OpenQuery(program, Sql("delete from TabWarrantInf where BillCode=") + code);
+        OpenQuery(program, Sql("delete from TabWarrant where Code =") + code);
     }
-    return statements;
 }
 
 /// Voiding is for bills on the screen from the database, dated after the last closing.
@@ -127,12 +120,12 @@ void VoidRows(Program& program, BillText& bill, const Recordset& vouchers)
                                                   " where Code=" + bill.TxtBillCode.trimmed());
     if (!head)
         return;
-    std::vector<Sql> statements;
-    if (!head.isEmpty())
-        statements = SetOnBill(bill, "State", "作废");
-    const std::vector<Sql> deletes = DeleteVouchers(vouchers);
-    statements.insert(statements.end(), deletes.begin(), deletes.end());
-    if (!statements.empty() && !RunTogether(program, statements))
+    const bool written = WriteTogether(program, [&] {
+        if (!head.isEmpty())
+            SetOnBill(program, bill, "State", "作废");
+        DeleteVouchers(program, vouchers);
+    });
+    if (!written)
         return;
     if (head.isEmpty()) {
         program.prompt.Inform(IsPieces(bill) ? "单据编号不存在，禁止作废！" : "单编号不存在，作废失败！");
@@ -144,15 +137,17 @@ void VoidRows(Program& program, BillText& bill, const Recordset& vouchers)
 
 /// Everything that hangs on a bill. The lines of a 异价调拨单 are looked for in its head table, which has no such
 /// column: the error is shown and they stay, out of every sum.
-std::vector<Sql> DeleteBill(const BillText& bill)
+void DeleteBill(Program& program, const BillText& bill)
 {
     const QString code = bill.TxtBillCode.trimmed();
-    const Name lineTable(bill.kind->lines == LineShape::Priced ? bill.kind->headTable : bill.kind->lineTable);
-    return {Sql(" delete from  TabWarehouseAmountChange    where BillCode=") + code + " ",
-            Sql("delete from ") + lineTable + " where BillCode=" + code,
-            Sql("delete from ") + Name(bill.kind->headTable) + " where  Code=" + code,
-            Sql(" delete  from TabImg where BillCode=") + code + " and Type=" + (bill.LabBillName.trimmed() + "图片") +
-                " "};
+    OpenQuery(program, Sql(" delete from  TabWarehouseAmountChange    where BillCode=") + code + " ");
+    if (bill.kind->lines == LineShape::Priced)
+        OpenQueryAndGoOn(program, Sql("delete from ") + Name(bill.kind->headTable) + " where BillCode=" + code);
+    else
+        OpenQuery(program, Sql("delete from ") + Name(bill.kind->lineTable) + " where BillCode=" + code);
+    OpenQuery(program, Sql("delete from ") + Name(bill.kind->headTable) + " where  Code=" + code);
+    OpenQuery(program, Sql(" delete  from TabImg where BillCode=") + code +
+                           " and Type=" + (bill.LabBillName.trimmed() + "图片") + " ");
 }
 
 } // namespace
@@ -172,7 +167,7 @@ bool SetAuditMark(Program& program, BillText& bill, bool audit)
     if (!MayMark(program, bill, audit))
         return false;
     const QString auditor = audit ? program.parameters.UserName : QString();
-    if (!RunTogether(program, SetOnBill(bill, "Auditing", auditor)))
+    if (!WriteTogether(program, [&] { SetOnBill(program, bill, "Auditing", auditor); }))
         return false;
     bill.TxtAuditing = auditor;
     bill.LabAuditing = audit ? "已审核" : "未审核";
@@ -210,10 +205,11 @@ void FDelete(Program& program, BillText& bill)
     const Recordset vouchers = VouchersOf(program, bill);
     if (!vouchers)
         return;
-    std::vector<Sql> statements = DeleteVouchers(vouchers);
-    const std::vector<Sql> rows = DeleteBill(bill);
-    statements.insert(statements.end(), rows.begin(), rows.end());
-    if (!RunTogether(program, statements))
+    const bool deleted = WriteTogether(program, [&] {
+        DeleteVouchers(program, vouchers);
+        DeleteBill(program, bill);
+    });
+    if (!deleted)
         return;
     program.prompt.Inform("单据已删除！");
     ClearBill(program, bill);

@@ -32,6 +32,13 @@ void ReportError(Program& program, const StoreError& error)
     ShowOrHold(program, {true, ErrorText(error)});
 }
 
+/// What is under way ends with it.
+void ReportFailure(Program& program, const StoreError& error)
+{
+    program.underway.failed = true;
+    ReportError(program, error);
+}
+
 /// A server may be slow: what lasts longer than a glance is waited for under a busy pointer. The work runs beside the
 /// user's thread, which waits for it and does nothing else.
 template <typename Work>
@@ -52,10 +59,13 @@ auto WaitFor(Program& program, const Work& work)
 /// The open store; opens it where it is closed.
 Store& OpenedStore(Program& program)
 {
-    if (program.gConnection.State() != 1) {
-        const QString connection = BuildConnectionString(program);
-        WaitFor(program, [&] { program.gConnection.Open(connection); });
-    }
+    if (program.gConnection.State() == 1)
+        return program.gConnection.store();
+    const QString connection = BuildConnectionString(program);
+    // Until it has opened, whatever else is asked meanwhile would fail as well.
+    program.underway.unreachable = true;
+    WaitFor(program, [&] { program.gConnection.Open(connection); });
+    program.underway.unreachable = false;
     return program.gConnection.store();
 }
 
@@ -72,22 +82,22 @@ void RollBack(Program& program)
     try {
         program.gConnection.store().RollbackUnit();
     } catch (const StoreError& error) {
-        ReportError(program, error);
+        ReportFailure(program, error);
         program.gConnection.Close();
     }
 }
 
-bool CommitUnit(Program& program)
+Recordset Run(Program& program, const Sql& sql, void (*report)(Program&, const StoreError&))
 {
-    if (!StoreHoldsUnit(program))
-        return false;
+    // What the database has taken back as a whole must not be followed by rows that stay.
+    if (IsOver(program) || (program.unitOpen && !StoreHoldsUnit(program)))
+        return Recordset();
     try {
-        WaitFor(program, [&] { program.gConnection.store().CommitUnit(); });
-        return true;
+        Store& store = OpenedStore(program);
+        return WaitFor(program, [&] { return store.Run(sql); });
     } catch (const StoreError& error) {
-        ReportError(program, error);
-        RollBack(program);
-        return false;
+        report(program, error);
+        return Recordset();
     }
 }
 
@@ -95,33 +105,38 @@ bool CommitUnit(Program& program)
 
 Recordset OpenQuery(Program& program, const Sql& sql)
 {
-    // What the database has taken back as a whole must not be followed by rows that stay.
-    if (program.unitOpen && !StoreHoldsUnit(program))
-        return Recordset();
-    try {
-        Store& store = OpenedStore(program);
-        return WaitFor(program, [&] { return store.Run(sql); });
-    } catch (const StoreError& error) {
-        ReportError(program, error);
-        return Recordset();
-    }
+    return Run(program, sql, ReportFailure);
+}
+
+Recordset OpenQueryAndGoOn(Program& program, const Sql& sql)
+{
+    return Run(program, sql, ReportError);
 }
 
 void Inform(Program& program, const QString& text)
 {
-    ShowOrHold(program, {false, text});
+    if (!IsOver(program))
+        ShowOrHold(program, {false, text});
 }
 
-SaveUnit::SaveUnit(Program& program) : m_program(program)
+bool Ask(Program& program, const QString& text)
 {
     Q_ASSERT(!program.unitOpen);
+    return !IsOver(program) && program.prompt.Ask(text);
+}
+
+SaveUnit::SaveUnit(Program& program) : m_program(program), m_undertaking(program)
+{
+    Q_ASSERT(!program.unitOpen);
+    if (IsOver(program))
+        return;
     try {
         Store& store = OpenedStore(program);
         WaitFor(program, [&] { store.BeginUnit(); });
         m_open = true;
         program.unitOpen = true;
     } catch (const StoreError& error) {
-        ReportError(program, error);
+        ReportFailure(program, error);
     }
 }
 
@@ -135,9 +150,37 @@ SaveUnit::~SaveUnit()
 
 bool SaveUnit::Commit()
 {
+    return Commit({}).value_or(false);
+}
+
+std::optional<bool> SaveUnit::Commit(const IsStoredQuestion& isStored)
+{
     if (!m_open)
         return false;
-    const bool stored = CommitUnit(m_program);
+    bool stored = false;
+    try {
+        if (!m_undertaking.failed() && StoreHoldsUnit(m_program)) {
+            WaitFor(m_program, [&] { m_program.gConnection.store().CommitUnit(); });
+            stored = true;
+        }
+    } catch (const StoreError& error) {
+        if (isStored && m_program.gConnection.State() != 1)
+            return LookAfterLoss(isStored, error);
+        ReportFailure(m_program, error);
+    }
+    if (!stored)
+        RollBack(m_program);
+    EndUnit();
+    return stored;
+}
+
+/// The commit may have arrived although its answer did not.
+std::optional<bool> SaveUnit::LookAfterLoss(const IsStoredQuestion& isStored, const StoreError& error)
+{
+    m_program.unitOpen = false;
+    const std::optional<bool> stored = isStored();
+    if (stored == false)
+        ReportFailure(m_program, error);
     EndUnit();
     return stored;
 }
@@ -147,6 +190,9 @@ void SaveUnit::EndUnit()
     m_open = false;
     m_program.unitOpen = false;
     const std::vector<HeldBox> boxes = std::exchange(m_program.heldBoxes, {});
-    for (const HeldBox& box : boxes)
-        ShowBox(m_program, box);
+    for (const HeldBox& box : boxes) {
+        // What was said of rows that are not there is not said.
+        if (box.isError || !m_undertaking.failed())
+            ShowBox(m_program, box);
+    }
 }

@@ -26,6 +26,15 @@ struct HeldBox
     QString text;
 };
 
+/// How the questions of what is under way have fared; UserAction and Undertaking keep it.
+struct Underway
+{
+    int actions = 0;          // that are open
+    bool unreachable = false; // a connect has failed within them
+    int undertakings = 0;     // that are open
+    bool failed = false;      // a statement has failed within them
+};
+
 struct Program
 {
     Program(QString folder, RunParameters parameters, Prompt& prompt, Clock& clock, StoreOpener opener = OpenStore);
@@ -38,6 +47,7 @@ struct Program
     Clock& clock;
     /// Null until a workbook is first asked for.
     std::unique_ptr<SpreadsheetHost> spreadsheet;
+    Underway underway;
     /// A SaveUnit is open, whatever the store has made of its unit meanwhile.
     bool unitOpen = false;
     /// Boxes raised while a unit is open; they are shown in this order when it ends.

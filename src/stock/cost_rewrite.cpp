@@ -164,6 +164,7 @@ std::vector<Span> SpansBetween(const std::vector<QDate>& inflowDays, const QDate
 void RewriteCostOverBills(Program& program, const QString& wareCode, const QString& /*warehouseCode*/,
                           const QDate& billDate, const QString& moneyName, bool auditedOnly)
 {
+    const Undertaking undertaking(program); // what the database did not answer is no cost
     const Recordset ware =
         OpenQuery(program, Sql("select CostStyle from TabWare where Code =") + wareCode.trimmed() + " ");
     if (ware.Text("CostStyle").trimmed() != "移动加权平均法")
@@ -176,9 +177,6 @@ void RewriteCostOverBills(Program& program, const QString& wareCode, const QStri
         if (span.holdsNoDay())
             continue;
         const QDate costDay = inflowDays.empty() ? lastClose : span.from;
-        const size_t boxes = program.heldBoxes.size();
-        const double cost = CostOnDay(program, rewrite, costDay);
-        if (program.heldBoxes.size() == boxes) // what the database did not answer is no cost
-            ApplyCostToBillLines(program, rewrite, span, cost);
+        ApplyCostToBillLines(program, rewrite, span, CostOnDay(program, rewrite, costDay));
     }
 }

@@ -171,7 +171,7 @@ TEST_F(OpenQueryTest, AUnitIsStoredWholeOrTakenBackAndItsBoxesComeAtItsEnd)
         const char* boxes;
     } cases[] = {
         {{}, "a", true, "begin a commit next", ""},
-        {{.failing = {"bad", "worse"}}, "bad good worse", true, "begin bad good worse commit next", "bad|worse"},
+        {{.failing = {"bad", "worse"}}, "good bad good worse", true, "begin good bad rollback next", "bad"},
         {{.failing = {"bad"}}, "bad", false, "begin bad rollback next", "bad"},
         {{.failing = {"full"}, .givesUpUnit = "full"}, "a full b", true, "begin a full next", "full"},
         {{.failing = {"full"}, .givesUpUnit = "full"}, "a full b", false, "begin a full next", "full"},
@@ -216,4 +216,69 @@ TEST_F(OpenQueryTest, AConnectionClosedInsideAUnitEndsIt)
     EXPECT_FALSE(Run("a"));
     EXPECT_FALSE(unit.Commit());
     EXPECT_EQ(TakeLog(), QString("open begin close"));
+}
+
+TEST_F(OpenQueryTest, AnUndertakingIsOverWithItsFirstFailure)
+{
+    script.failing = {"bad"};
+    {
+        const Undertaking outer(program);
+        EXPECT_TRUE(Run("a"));
+        OpenQueryAndGoOn(program, Sql("bad"));
+        EXPECT_FALSE(outer.failed());
+        Inform(program, "told");
+        {
+            const Undertaking inner(program);
+            EXPECT_FALSE(Run("bad"));
+        }
+        EXPECT_TRUE(outer.failed());
+        EXPECT_FALSE(Run("a"));
+        EXPECT_FALSE(SaveUnit(program).isOpen());
+        Inform(program, "rests on it");
+        EXPECT_FALSE(Ask(program, "rests on it too"));
+    }
+    EXPECT_EQ(TakeLog(), QString("open a bad bad"));
+    EXPECT_EQ(TakeBoxes(), QString("bad|told|bad"));
+    EXPECT_TRUE(Run("next"));
+}
+
+TEST_F(OpenQueryTest, AnActionTriesToConnectOnceAndOtherFailuresDoNotEndIt)
+{
+    script.failing = {"bad", "open"};
+    for (const char* log : {"open", "open"}) {
+        const UserAction action(program);
+        EXPECT_FALSE(Run("a") || Run("b") || SaveUnit(program).isOpen());
+        EXPECT_EQ(TakeLog(), QString(log));
+        EXPECT_EQ(TakeBoxes(), QString("open"));
+    }
+    script.failing = {"bad"};
+    const UserAction action(program);
+    EXPECT_FALSE(Run("bad"));
+    EXPECT_TRUE(Run("b"));
+}
+
+TEST_F(OpenQueryTest, AUnitWhoseCommitIsNotAnsweredIsLookedFor)
+{
+    const struct
+    {
+        std::optional<bool> seen; // by the question after the loss
+        const char* boxes;
+    } cases[] = {{true, "held"}, {false, "commit"}, {{}, "look"}};
+    for (const auto& c : cases) {
+        EXPECT_TRUE(Run("first"));
+        script = {.losing = "commit"};
+        SaveUnit unit(program);
+        Inform(program, "held");
+        const std::optional<bool> stored = unit.Commit([&]() -> std::optional<bool> {
+            script.losing.clear();
+            script.failing = {"look"};
+            if (c.seen)
+                EXPECT_TRUE(Run("found"));
+            else
+                EXPECT_FALSE(Run("look"));
+            return c.seen;
+        });
+        EXPECT_EQ(stored, c.seen);
+        EXPECT_EQ(TakeBoxes(), QString(c.boxes));
+    }
 }

@@ -1,0 +1,29 @@
+#include "handover/undertaking.h"
+
+UserAction::UserAction(Program& program) : m_program(program)
+{
+    if (program.underway.actions++ == 0)
+        program.underway.unreachable = false;
+}
+
+UserAction::~UserAction()
+{
+    --m_program.underway.actions;
+}
+
+Undertaking::Undertaking(Program& program) : m_action(program), m_program(program)
+{
+    if (program.underway.undertakings++ == 0)
+        program.underway.failed = false;
+}
+
+Undertaking::~Undertaking()
+{
+    --m_program.underway.undertakings;
+}
+
+bool IsOver(const Program& program)
+{
+    const Underway& underway = program.underway;
+    return (underway.actions > 0 && underway.unreachable) || (underway.undertakings > 0 && underway.failed);
+}
