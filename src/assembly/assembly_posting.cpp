@@ -152,12 +152,13 @@ void DeleteRows(Program& program, const BillText& bill)
 void ShowAsSaved(Program& program, GroupPieceText& bill)
 {
     if (bill.ChAutoAuditing)
-        AuditBill(program, bill);
+        AuditSaved(program, bill);
     bill.LabAuditing = bill.TxtAuditing.isEmpty() ? "未审核" : "已审核";
     bill.LabState = InForceLabel(*bill.kind);
     bill.BillSavedFlag = true;
     bill.SetEnabled(Command::Print, true);
     bill.SetEnabled(Command::SwitchMode, false);
+    bill.SetEnabled(Command::Pattern, false);
 }
 
 void WriteVoucher(Program& program, const GroupPieceText& bill, bool wantWarrant)

@@ -3,6 +3,7 @@
 #include "assembly/assembly_posting.h"
 #include "assembly/assembly_validation.h"
 #include "assembly/voucher.h"
+#include "bills/bill_content.h"
 #include "bills/lifecycle.h"
 
 Posting FSave(Program& program, GroupPieceText& bill)
@@ -16,6 +17,8 @@ Posting FSave(Program& program, GroupPieceText& bill)
     if (!save.isDone)
         return {};
     program.prompt.Inform("保存成功！");
+    if (save.posting.stored)
+        MarkUnchanged(bill);
     OpenNavigation(program, bill);
     if (bill.ChAutoAdd)
         NewBill(program, bill);

@@ -59,9 +59,9 @@ const std::vector<PieceField>& PieceFields()
         {"TxtWareSpec", &GroupPieceText::TxtWareSpec, true},
         {"TxtWareAttribute", &GroupPieceText::TxtWareAttribute, true},
         {"TxtUnite", &GroupPieceText::TxtUnite, true},
-        {"TxtAmount", &GroupPieceText::TxtAmount, true},
-        {"TxtFee", &GroupPieceText::TxtFee, true},
-        {"TxtCost", &GroupPieceText::TxtCost, true},
+        {"TxtAmount", &GroupPieceText::TxtAmount, true, true},
+        {"TxtFee", &GroupPieceText::TxtFee, true, true},
+        {"TxtCost", &GroupPieceText::TxtCost, true, true},
         {"TxtManufacturer", &GroupPieceText::TxtManufacturer, true},
         {"TxtBrand", &GroupPieceText::TxtBrand, true},
         {"TxtPCode", &GroupPieceText::TxtPCode, true},
@@ -100,6 +100,18 @@ bool* HeadFlag(BillText& bill, const QString& control)
         return &piece->ChSpecJE;
     const HeadCheck* shared = FindHeadCheck(control);
     return shared ? &(bill.*shared->flag) : nullptr;
+}
+
+std::vector<HeadField> GroupPieceText::OwnFields() const
+{
+    // What one product costs is typed for a disassembly only; that of an assembly follows from its lines.
+    const bool isCostTyped = !ModeOf(*this).assembles;
+    std::vector<HeadField> fields;
+    for (const PieceField& field : PieceFields()) {
+        const bool isTyped = field.typed && (isCostTyped || field.text != &GroupPieceText::TxtCost);
+        fields.push_back({field.control, static_cast<QString BillText::*>(field.text), isTyped, field.isFigure});
+    }
+    return fields;
 }
 
 void GroupPieceText::ClearOwn()

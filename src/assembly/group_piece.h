@@ -32,6 +32,8 @@ struct GroupPieceText : BillText
     /// The product of a stored head with its quantity and money, without its batch data.
     void ShowProduct(Program& program, const Recordset& head);
 
+    bool TakesKind(const BillKind& shown) const override { return shown.lines == LineShape::Pieces; }
+    std::vector<HeadField> OwnFields() const override;
     void ClearOwn() override;
     void ShowOwn(Program& program, const Recordset& head) override;
     bool MayEnterGoods(Program& program) const override;
@@ -68,6 +70,7 @@ struct PieceField
     const char* control;
     QString GroupPieceText::*text;
     bool typed; // takes what the user types; the others only show
+    bool isFigure = false;
 };
 /// The texts of the head that only these bills have. The others are HeadFields.
 const std::vector<PieceField>& PieceFields();

@@ -5,6 +5,14 @@
 
 #include <QString>
 
+/// A way on from a question with two of them.
+enum class Choice
+{
+    First,
+    Second,
+    Cancel,
+};
+
 class Prompt
 {
 public:
@@ -17,6 +25,8 @@ public:
     virtual void Warn(const QString& text) = 0;
     /// Yes and no; true for yes.
     virtual bool Ask(const QString& text) = 0;
+    /// Two ways on by their captions, and 取消.
+    virtual Choice Choose(const QString& text, const QString& first, const QString& second) = 0;
     /// A database error: no icon, no title, OK.
     virtual void Error(const QString& text) = 0;
     /// A file to open. Empty when none was chosen.

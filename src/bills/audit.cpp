@@ -1,5 +1,6 @@
 #include "bills/audit.h"
 
+#include "bills/bill_content.h"
 #include "bills/lifecycle.h"
 #include "bills/recall.h"
 #include "data/periods.h"
@@ -56,12 +57,20 @@ bool MayMark(Program& program, const BillText& bill, bool audit)
     return true;
 }
 
-void Mark(Program& program, BillText& bill, bool audit)
+bool Mark(Program& program, BillText& bill, bool audit)
 {
     if (!CheckOperateRight(program, program.parameters.UserName, bill.kind->rights, Action::Audit))
-        return;
-    if (SetAuditMark(program, bill, audit))
-        RefreshWindowState(program, bill);
+        return false;
+    if (!SetAuditMark(program, bill, audit))
+        return false;
+    RefreshWindowState(program, bill);
+    return true;
+}
+
+/// What is marked from now on is what stands in the rows.
+void ShowRows(Program& program, BillText& bill)
+{
+    FillBill(program, bill, bill.kind->headTable, bill.TxtBillCode.trimmed());
 }
 
 Recordset VouchersOf(Program& program, const BillText& bill)
@@ -101,16 +110,13 @@ bool IsPosted(const Recordset& vouchers)
     return false;
 }
 
-/// An assembly stays on the screen as it is; any other bill is read again.
 void ShowVoided(Program& program, BillText& bill)
 {
-    if (!IsPieces(bill)) {
-        FillBill(program, bill, bill.kind->headTable, bill.TxtBillCode.trimmed());
-        return;
-    }
     bill.LabState = "作废";
     RefreshWindowState(program, bill);
-    bill.SetEnabled(Command::Print, false);
+    ShowRows(program, bill);
+    if (IsPieces(bill))
+        bill.SetEnabled(Command::Print, false);
 }
 
 /// The vouchers go with the bill, also where it is gone already.
@@ -154,12 +160,19 @@ void DeleteBill(Program& program, const BillText& bill)
 
 void AuditBill(Program& program, BillText& bill)
 {
+    if (Mark(program, bill, true))
+        ShowRows(program, bill);
+}
+
+void AuditSaved(Program& program, BillText& bill)
+{
     Mark(program, bill, true);
 }
 
 void UnAuditBill(Program& program, BillText& bill)
 {
-    Mark(program, bill, false);
+    if (Mark(program, bill, false))
+        ShowRows(program, bill);
 }
 
 bool SetAuditMark(Program& program, BillText& bill, bool audit)
@@ -213,4 +226,5 @@ void FDelete(Program& program, BillText& bill)
         return;
     program.prompt.Inform("单据已删除！");
     ClearBill(program, bill);
+    MarkUnchanged(bill);
 }

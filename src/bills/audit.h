@@ -6,7 +6,11 @@
 #include "bills/bill_text.h"
 #include "handover/program.h"
 
+// An audit, its taking back and a void end with the bill filled again from its rows.
+
 void AuditBill(Program& program, BillText& bill);
+/// The same as a part of a save, for a bill whose rows may not be committed yet.
+void AuditSaved(Program& program, BillText& bill);
 void UnAuditBill(Program& program, BillText& bill);
 /// Writes or takes back the auditor on head and lines, without asking for the right. True when it was done.
 bool SetAuditMark(Program& program, BillText& bill, bool audit);

@@ -7,9 +7,11 @@
 #include "bills/line_grid.h"
 #include "data/bill_kinds.h"
 
+#include <QMap>
 #include <QString>
 #include <QStringList>
 #include <bitset>
+#include <vector>
 
 /// The commands whose keys a bill's state can lock. What is never locked is not listed.
 enum class Command
@@ -30,7 +32,16 @@ enum class Command
 };
 
 class Recordset;
+struct HeadField;
 struct Program;
+
+/// What a user has put into a bill.
+struct BillContent
+{
+    QDate day;
+    QMap<QString, QString> head;    // by control, what is typed
+    std::vector<QStringList> lines; // cells by column; the blank rows behind the last line left out
+};
 
 struct BillText
 {
@@ -41,6 +52,10 @@ struct BillText
 
     // What a bill with more on its head does on its own at the shared steps.
 
+    /// Whether its window shows bills of a kind.
+    virtual bool TakesKind(const BillKind& shown) const { return shown.lines != LineShape::Pieces; }
+    /// Its own head fields. What is typed there is the bill's content.
+    virtual std::vector<HeadField> OwnFields() const;
     /// Empties its own head fields.
     virtual void ClearOwn() {}
     /// Shows its own head fields from the row of a saved bill, and what is set whenever one is shown.
@@ -81,6 +96,7 @@ struct BillText
     bool totalMoneyShown = true; // hidden together with the column 金额
 
     bool BillSavedFlag = false; // the bill exists in the database
+    BillContent unchanged;      // as last blanked, loaded or stored
     bool entryEnabled = true;   // head fields and grid take input
     std::bitset<static_cast<size_t>(Command::Count)> enabled;
 

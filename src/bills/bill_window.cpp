@@ -246,8 +246,10 @@ void BillWindow::ShowBill()
 
 void BillWindow::FillBill(const QString& tableName, const QString& billCode)
 {
-    ::FillBill(m_program, m_bill, tableName, billCode);
-    OpenNavigation(m_program, m_bill);
+    if (::FillBill(m_program, m_bill, tableName, billCode))
+        OpenNavigation(m_program, m_bill);
+    else
+        OpenBlank(m_program, m_bill, tableName);
     ListTemplates();
     ShowBill();
     m_grid->setFocus();

@@ -27,7 +27,7 @@ public:
     ~BillWindow() override;
 
     const BillText& bill() const { return m_bill; }
-    /// Loads a saved bill of a head table. Called before the window is shown.
+    /// Loads a saved bill of a head table; without one the window is blank. Called before the window is shown.
     void FillBill(const QString& tableName, const QString& billCode);
 
 protected:

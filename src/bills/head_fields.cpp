@@ -70,7 +70,7 @@ const std::vector<HeadField>& HeadFields()
         {"TxtMemo", &BillText::TxtMemo, true},
         {"TxtExplain", &BillText::TxtExplain, true},
         {"TxtMoneyName", &BillText::TxtMoneyName, true},
-        {"TxtMoneyRate", &BillText::TxtMoneyRate, true},
+        {"TxtMoneyRate", &BillText::TxtMoneyRate, true, true},
         {"TxtBillCode", &BillText::TxtBillCode, false},
         {"TxtDate", &BillText::TxtDate, false},
         {"TxtOperator", &BillText::TxtOperator, false},
@@ -83,6 +83,11 @@ const std::vector<HeadField>& HeadFields()
         {"LabTotalMoney", &BillText::LabTotalMoney, false},
     };
     return fields;
+}
+
+std::vector<HeadField> BillText::OwnFields() const
+{
+    return {};
 }
 
 const HeadField* FindHeadField(const QString& control)

@@ -14,6 +14,7 @@ struct HeadField
     const char* control;
     QString BillText::*text;
     bool typed; // takes what the user types; the others only show
+    bool isFigure = false;
 };
 const std::vector<HeadField>& HeadFields();
 /// Null for an unknown control.

@@ -1,5 +1,6 @@
 #include "bills/lifecycle.h"
 
+#include "bills/bill_content.h"
 #include "bills/line_columns.h"
 #include "bills/recall.h"
 #include "data/periods.h"
@@ -24,10 +25,15 @@ void StepThroughMonth(Program& program, BillText& bill, int step)
 
 } // namespace
 
+QDate WorkingDate(const Program& program)
+{
+    return ParseDay(program.parameters.OperateDate).value_or(program.clock.Now().day);
+}
+
 void LoadWindow(Program& program, BillText& bill)
 {
     bill.kind = &BillKinds().front();
-    bill.DTPDate = ParseDay(program.parameters.OperateDate).value_or(program.clock.Now().day);
+    bill.DTPDate = WorkingDate(program);
     bill.TxtOperator = program.parameters.UserName;
     bill.TxtMoneyName = program.parameters.IsLotMoney ? MoneyNames(program).value(0) : QString();
 }
@@ -52,6 +58,15 @@ void StartWindow(Program& program, BillText& bill, bool keepLoaded)
     NewBill(program, bill);
 }
 
+void OpenBlank(Program& program, BillText& bill, const QString& tableName)
+{
+    const BillKind* const kind = KindOfHeadTable(tableName);
+    if (kind && bill.TakesKind(*kind))
+        bill.kind = kind;
+    bill.LabBillName = bill.kind->bill;
+    StartWindow(program, bill, false);
+}
+
 QStringList MoneyNames(Program& program)
 {
     const Recordset rows = OpenQuery(program, Sql("select Name from TabMoneyType order by  IsBWB desc "));
@@ -67,6 +82,7 @@ void NewBill(Program& program, BillText& bill)
     bill.BillSavedFlag = false;
     SetWindowEnabled(bill, true);
     bill.SetEnabled(Command::Print, false);
+    MarkUnchanged(bill);
 }
 
 void ClearBill(Program& program, BillText& bill)

@@ -5,6 +5,8 @@
 #include "bills/bill_text.h"
 #include "handover/program.h"
 
+/// The day that bills are entered for: that of the hand-over, otherwise today.
+QDate WorkingDate(const Program& program);
 /// Form load: day, operator and currency that a window starts with. The kind is 同价调拨单 until frm_Initialize.
 void LoadWindow(Program& program, BillText& bill);
 /// Makes the window one of the kind that OperateType names; a word that names none leaves the kind as it is.
@@ -12,6 +14,8 @@ void LoadWindow(Program& program, BillText& bill);
 void frm_Initialize(Program& program, BillText& bill, bool keepLoaded);
 /// What frm_Initialize does once the kind is known.
 void StartWindow(Program& program, BillText& bill, bool keepLoaded);
+/// A blank bill of a head table's kind, or of the window's own where it does not show that kind.
+void OpenBlank(Program& program, BillText& bill, const QString& tableName);
 /// Currencies to choose from, the base currency first.
 QStringList MoneyNames(Program& program);
 

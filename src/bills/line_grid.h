@@ -31,6 +31,8 @@ public:
     const Column& column(int index) const { return m_columns[index]; }
     /// Row 0 gives the caption.
     const QString& Cell(int row, int column) const;
+    /// All cells of a row but row 0.
+    const QStringList& Row(int row) const { return m_cells[row - 1]; }
     void SetCell(int row, int column, const QString& text);
 
     void AddRow();

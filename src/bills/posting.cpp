@@ -161,13 +161,13 @@ void ShowAsSaved(Program& program, BillText& bill)
 {
     bill.TxtOperator = program.parameters.UserName;
     if (bill.ChAutoAuditing)
-        AuditBill(program, bill);
+        AuditSaved(program, bill);
     bill.LabAuditing = bill.TxtAuditing.isEmpty() ? "未审核" : "已审核";
     bill.LabState.clear();
     bill.BillSavedFlag = true;
     // The second audit says that the bill is audited already: that is what the user knows from every auto-audited save.
     if (bill.ChAutoAuditing)
-        AuditBill(program, bill);
+        AuditSaved(program, bill);
     bill.SetEnabled(Command::Print, true);
     program.prompt.Inform("保存成功！");
 }

@@ -1,5 +1,6 @@
 #include "bills/recall.h"
 
+#include "bills/bill_content.h"
 #include "bills/lifecycle.h"
 #include "bills/line_totals.h"
 #include "data/decimals.h"
@@ -35,15 +36,12 @@ constexpr TextColumn kTextColumns[] = {
 
 constexpr size_t kPatternColumns = 5;
 
-/// The window becomes one of the table's kind; a table of no kind leaves it as it is.
-void ShowKind(BillText& bill, const QString& tableName)
+void ShowKind(BillText& bill, const BillKind& kind)
 {
-    const BillKind* kind = KindOfHeadTable(tableName);
-    if (!kind)
-        return;
-    bill.kind = kind;
-    bill.LabBillName = kind->bill;
-    bill.LabWarehouseNameS = kind->recalledWarehouse;
+    bill.kind = &kind;
+    bill.LabBillName = kind.bill;
+    bill.LabWarehouseNameS = kind.recalledWarehouse;
+    bill.NavTableName = kind.headTable;
 }
 
 } // namespace
@@ -59,10 +57,12 @@ void ShowWarehouses(BillText& bill, const Recordset& head)
 
 namespace {
 
-void ShowHead(BillText& bill, const Recordset& head)
+/// A head without a day stands on the working date, and its day stays unknown.
+void ShowHead(const Program& program, BillText& bill, const Recordset& head)
 {
-    bill.DTPDate = head.Day("Datee").value_or(bill.DTPDate);
-    bill.TxtDate = DayText(bill.DTPDate);
+    const std::optional<QDate> day = head.Day("Datee");
+    bill.DTPDate = day ? *day : WorkingDate(program);
+    bill.TxtDate = day ? DayText(*day) : QString();
     bill.TxtBillCode = head.Text("Code");
     ShowWarehouses(bill, head);
     bill.TxtOperator = head.Text("Operator");
@@ -96,7 +96,9 @@ void ShowFigures(Program& program, BillText& bill, const LineColumns& at, const 
         show(at.price, lines.at(index, "Price"), places.Price_DotLen);
         show(at.money, lines.at(index, "Moneyy"), places.Money_DotLen);
     } else {
-        show(at.money, lines.Number("Amount", index) * lines.Number("AveragePrice", index), places.Money_DotLen);
+        const bool isKnown = !lines.IsNull("Amount", index) && !lines.IsNull("AveragePrice", index);
+        const double money = lines.Number("Amount", index) * lines.Number("AveragePrice", index);
+        show(at.money, isKnown ? Value(money) : Value(), places.Money_DotLen);
     }
 }
 
@@ -130,32 +132,35 @@ void ShowLines(Program& program, BillText& bill, const Recordset& lines, LineDet
     SumBillTotals(program, bill);
 }
 
-void FillBill(Program& program, BillText& bill, const QString& tableName, const QString& billCode)
+bool FillBill(Program& program, BillText& bill, const QString& tableName, const QString& billCode)
 {
-    bill.BillSavedFlag = true;
-    bill.NavTableName = tableName;
-    ShowKind(bill, tableName);
-    BuildGridColumns(program, bill);
-
+    const BillKind* const kind = KindOfHeadTable(tableName);
+    if (!kind || !bill.TakesKind(*kind)) {
+        program.prompt.Inform("本窗口不能打开 " + tableName + " 中的单据！");
+        return false;
+    }
+    // All is asked for before anything on the screen gives way to it.
     const Recordset head = OpenQuery(program, Sql("select * from ") + Name(tableName) + " where Code=" + billCode);
     if (head.isEmpty()) {
         if (head)
             program.prompt.Inform("没有原单！");
-        if (bill.kind->lines == LineShape::Pieces)
-            ClearBill(program, bill);
-        RefreshWindowState(program, bill);
-        return;
+        return false;
     }
-    ShowHead(bill, head);
+    const Recordset lines = OpenQuery(program, Sql("select * from ") + Name(tableName + "Inf") +
+                                                   " where BillCode=" + billCode + " order by Num");
+    if (!lines)
+        return false;
+    bill.BillSavedFlag = true;
+    ShowKind(bill, *kind);
+    BuildGridColumns(program, bill);
+    ShowHead(program, bill, head);
     bill.ShowOwn(program, head);
     bill.LabTotalAmount.clear();
     bill.LabTotalMoney.clear();
-
-    const Recordset lines = OpenQuery(program, Sql("select * from ") + Name(tableName + "Inf") +
-                                                   " where BillCode=" + billCode + " order by Num");
-    if (lines.isEmpty() && bill.kind->lines != LineShape::Pieces)
-        return;
-    ShowLines(program, bill, lines, LineDetail::All);
+    if (!lines.isEmpty() || kind->lines == LineShape::Pieces)
+        ShowLines(program, bill, lines, LineDetail::All);
     ShowState(bill, head.Text("State").trimmed());
     RefreshWindowState(program, bill);
+    MarkUnchanged(bill);
+    return true;
 }

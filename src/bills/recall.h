@@ -19,6 +19,6 @@ void ShowWarehouses(BillText& bill, const Recordset& head);
 /// What LabState says of a bill that is not voided.
 QString InForceLabel(const BillKind& kind);
 
-/// Shows a bill of a head table, locked as its state demands. One that does not exist is said; the head then stays
-/// as it was, that of an assembly empty.
-void FillBill(Program& program, BillText& bill, const QString& tableName, const QString& billCode);
+/// Shows a bill of a head table, locked as its state demands. False when there is none, or of a kind that the window
+/// does not show: that has been said, and the bill stays as it was.
+bool FillBill(Program& program, BillText& bill, const QString& tableName, const QString& billCode);

@@ -10,6 +10,8 @@
 namespace {
 
 const QString kTitle = QStringLiteral("系统提示");
+/// The name of the executable would stand in place of an empty one.
+const QString kNoTitle = QStringLiteral(" ");
 
 /// A sign in a coloured disc, as large as two lines of text.
 struct Sign
@@ -119,9 +121,22 @@ bool MessagePrompt::Ask(const QString& text)
     return box.Show() == yes;
 }
 
+Choice MessagePrompt::Choose(const QString& text, const QString& first, const QString& second)
+{
+    Box box(kQuestion, kTitle, text);
+    QPushButton* const enter = box.Button(first, QMessageBox::YesRole);
+    const QPushButton* const other = box.Button(second, QMessageBox::NoRole);
+    QPushButton* const cancel = box.Button("取消(&C)", QMessageBox::RejectRole);
+    box.SetKeys(enter, cancel);
+    const QAbstractButton* const pressed = box.Show();
+    if (pressed == enter)
+        return Choice::First;
+    return pressed == other ? Choice::Second : Choice::Cancel;
+}
+
 void MessagePrompt::Error(const QString& text)
 {
-    Tell(kNone, QString(), text);
+    Tell(kNone, kNoTitle, text);
 }
 
 QString MessagePrompt::AskFile(const QString& title, const QString& filters)

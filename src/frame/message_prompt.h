@@ -11,6 +11,7 @@ public:
     void InformOrCancel(const QString& text) override;
     void Warn(const QString& text) override;
     bool Ask(const QString& text) override;
+    Choice Choose(const QString& text, const QString& first, const QString& second) override;
     void Error(const QString& text) override;
     QString AskFile(const QString& title, const QString& filters) override;
     bool showsBusy() const override { return true; }

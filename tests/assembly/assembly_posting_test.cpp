@@ -1,4 +1,5 @@
 #include "assembly/assembly_posting.h"
+#include "bills/bill_content.h"
 #include "bills/recall.h"
 #include "piece_screen.h"
 
@@ -183,6 +184,8 @@ TEST_F(AssemblyPostingTest, ASavedBillComesBackAsItWas)
 {
     OpenFilled({{"数量", "8"}, {"成本价", "12.5"}, {"属性", "0102>颜色>红"}, {"唯一码", ""}, {"备注", "急"}});
     Save();
+    EXPECT_FALSE(bill.isEnabled(Command::Pattern));
+    EXPECT_FALSE(IsChanged(bill));
     const QStringList before = Rows("select * from TabWareGroup") + Rows("select * from TabWareGroupInf");
     const QString code = posting.code;
     Open(false);
@@ -194,14 +197,23 @@ TEST_F(AssemblyPostingTest, ASavedBillComesBackAsItWas)
     EXPECT_FALSE(bill.isEnabled(Command::SwitchMode));
     EXPECT_EQ(bill.LabTotalMoney, "100.00");
     EXPECT_EQ(Cell(1, "属性"), "0102>颜色>红");
+    for (const char* control : {"TxtAmount", "TxtCost", "TxtFee"}) {
+        HeadFocusGained(bill, control);
+        HeadFocusLost(test.program, bill, control);
+    }
+    EXPECT_FALSE(IsChanged(bill)) << "only looked at";
     test.prompt.answers = {true};
     EXPECT_EQ(Save(), QStringList({kModify, kSaved}));
     EXPECT_EQ(Rows("select * from TabWareGroup") + Rows("select * from TabWareGroupInf"), before);
+    bill.TxtBrand = "x";
+    EXPECT_TRUE(IsChanged(bill));
 
-    FillBill(test.program, bill, "TabWareGroup", "none");
-    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("没有原单！"));
-    EXPECT_EQ(bill.TxtWareName + bill.TxtBillCode, "");
-    EXPECT_TRUE(bill.BillSavedFlag);
+    for (const auto& [table, box] : {std::pair("TabWareGroup", "没有原单！"),
+                                     {"TabSamePriceMove", "本窗口不能打开 TabSamePriceMove 中的单据！"}}) {
+        EXPECT_FALSE(FillBill(test.program, bill, table, "none"));
+        EXPECT_EQ(test.Boxes(), box);
+        EXPECT_EQ(bill.TxtWareName + bill.TxtBillCode, "套装" + code);
+    }
 }
 
 } // namespace

@@ -192,6 +192,18 @@ TEST_F(WareManageTest, ADayIsTypedShortAndAWrongOneCannotBeLeft)
     EXPECT_EQ(window->bill().DTPDate, QDate(2024, 11, 1));
 }
 
+TEST_F(WareManageTest, WhatCannotBeOpenedLeavesABlankWindow)
+{
+    for (const auto& [table, title] : {std::pair("TabCheckLose", "盘点报损单"), {"TabWareGroup", "同价调拨单"}}) {
+        OpenSaved(table, "none");
+        EXPECT_EQ(test.prompt.TakeTexts().size(), 1);
+        EXPECT_EQ(window->windowTitle(), title);
+        EXPECT_FALSE(window->bill().BillSavedFlag);
+        EXPECT_EQ(Keys(),
+                  "Build Save Auditing UnAuditing Delete InsertRow DeleteRow RedWord In Pos Img Before Back Exit");
+    }
+}
+
 TEST_F(WareManageTest, UnitsAreThoseOfTheGood)
 {
     OpenTransfer();

@@ -1,4 +1,5 @@
 #include "bills/audit.h"
+#include "bills/bill_content.h"
 #include "bills/recall.h"
 #include "screen.h"
 
@@ -194,24 +195,73 @@ TEST_F(LifecycleTest, ARecalledBillSavedAgainKeepsEverything)
     }
 }
 
-TEST_F(LifecycleTest, WhatCannotBeRecalledIsSaid)
+TEST_F(LifecycleTest, WhatCannotBeRecalledLeavesTheBill)
 {
-    Open("同价调拨");
-    bill.TxtMemo = "旧";
-    FillBill(test.program, bill, "TabSamePriceMove", "none");
+    OpenWithLine("盘点报损");
+    const BillText before = bill;
+    test.Insert("TabWareGroup", {{"Code", "ZZD1"}});
+    for (const auto& [table, box] : {std::pair("TabSamePriceMove", "没有原单！"),
+                                     {"TabWareGroup", "本窗口不能打开 TabWareGroup 中的单据！"},
+                                     {"TabNoSuch", "本窗口不能打开 TabNoSuch 中的单据！"}}) {
+        EXPECT_FALSE(FillBill(test.program, bill, table, "ZZD1"));
+        EXPECT_EQ(test.Boxes(), box);
+        EXPECT_EQ(bill.LabBillName + Cell(1, "商品编号"), "盘点报损单A001");
+        EXPECT_EQ(bill.BillSavedFlag, before.BillSavedFlag);
+        EXPECT_TRUE(IsChanged(bill));
+    }
+    // Its month's bill is deleted by another user: going there leaves what stands.
+    Save();
+    test.Run(Sql("delete from TabCheckLose"));
+    test.prompt.TakeTexts();
+    PreviousBill(test.program, bill);
     EXPECT_EQ(test.Boxes(), "没有原单！");
-    EXPECT_EQ(bill.TxtMemo, "旧");
-    FillBill(test.program, bill, "TabNoSuch", "none");
-    ASSERT_EQ(test.prompt.boxes.size(), 1);
-    EXPECT_EQ(test.prompt.boxes[0].kind, "error");
+    EXPECT_EQ(bill.TxtBillCode + Cell(1, "商品编号"), posting.code + "A001");
+}
 
-    // A head without lines leaves the keys as they were.
-    test.Insert("TabCheckLose", {{"Code", "BSD1"}, {"Datee", QDate(2023, 1, 1)}, {"Auditing", "审"}});
+TEST_F(LifecycleTest, AHeadWithGapsIsShownWithThem)
+{
+    test.Insert("TabCheckLose", {{"Code", "BSD1"}, {"Datee", Value()}, {"Auditing", ""}, {"State", "正常"}});
+    OpenWithLine("盘点报损");
+    bill.DTPDate = QDate(2023, 1, 5);
     FillBill(test.program, bill, "TabCheckLose", "BSD1");
-    EXPECT_EQ(bill.LabBillName, "盘点报损单");
-    EXPECT_EQ(bill.TxtAuditing, "审");
-    EXPECT_EQ(bill.LabTotalMoney, "");
-    EXPECT_TRUE(bill.isEnabled(Command::Save));
+    EXPECT_EQ(bill.TxtDate, "");
+    EXPECT_EQ(bill.DTPDate, QDate(2023, 2, 8));
+    EXPECT_EQ(bill.LabTotalAmount + Cell(1, "商品编号"), "") << "no lines, no totals";
+    EXPECT_EQ(Keys(), "保存 审核 反审核 删除 作废 打印 插入 删行");
+
+    test.InsertBill("TabCheckLose", {{"Code", "BSD2"}, {"Datee", QDate(2023, 2, 1)}},
+                    {{{"WareCode", "A001"}, {"Amount", Value()}}});
+    FillBill(test.program, bill, "TabCheckLose", "BSD2");
+    EXPECT_EQ(Cell(1, "数量") + Cell(1, "金额"), "");
+}
+
+TEST_F(LifecycleTest, OnlyWhatWouldBeLostIsAChange)
+{
+    Open("异价调拨");
+    NewBill(test.program, bill);
+    EXPECT_FALSE(IsChanged(bill)) << "defaults";
+    ChooseWarehouses();
+    AddLine("A001", {{"数量", "1200"}, {"单价", "2"}});
+    EXPECT_TRUE(IsChanged(bill));
+    SaveAndRecall();
+    EXPECT_FALSE(IsChanged(bill));
+
+    Type(1, "数量", "1");
+    EXPECT_TRUE(IsChanged(bill));
+    Type(1, "数量", "1200");
+    EXPECT_FALSE(IsChanged(bill)) << "typed and typed back";
+    bill.MSH.SetCell(1, ColumnIndex(*bill.kind, u"金额"), "2400");
+    bill.TxtMoneyRate = "1.00";
+    bill.MSH.currentColumn = 3;
+    bill.MSH.AddRow();
+    EXPECT_FALSE(IsChanged(bill)) << "what follows, a figure's form, the cursor, blank rows";
+    for (QString* text : {&bill.TxtMemo, &bill.TxtSaleMan, &bill.TxtWarehouseNameF}) {
+        const QString before = std::exchange(*text, "x");
+        EXPECT_TRUE(IsChanged(bill));
+        *text = before;
+    }
+    bill.DTPDate = bill.DTPDate.addDays(1);
+    EXPECT_TRUE(IsChanged(bill));
 }
 
 TEST_F(LifecycleTest, AnUnknownOperationWordLeavesTheTables)

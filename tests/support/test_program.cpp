@@ -91,6 +91,16 @@ bool ScriptedPrompt::Ask(const QString& text)
     return answer;
 }
 
+Choice ScriptedPrompt::Choose(const QString& text, const QString&, const QString&)
+{
+    boxes.push_back({"choose", text});
+    if (choices.empty())
+        return Choice::Cancel;
+    const Choice choice = choices.front();
+    choices.pop_front();
+    return choice;
+}
+
 QString ScriptedPrompt::AskFile(const QString& title, const QString& filters)
 {
     boxes.push_back({"file", title + "|" + filters});

@@ -11,13 +11,13 @@
 #include <ostream>
 #include <vector>
 
-/// Keeps every box; questions take their answers in turn, then no. A file dialog is answered with `file`.
+/// Keeps every box; questions take their answers in turn, then no or 取消. A file dialog is answered with `file`.
 class ScriptedPrompt : public Prompt
 {
 public:
     struct Box
     {
-        QString kind; // inform, cancel (with a second key), warn, ask, error, file
+        QString kind; // inform, cancel (with a second key), warn, ask, choose, error, file
         QString text;
     };
 
@@ -25,6 +25,7 @@ public:
     void InformOrCancel(const QString& text) override { boxes.push_back({"cancel", text}); }
     void Warn(const QString& text) override { boxes.push_back({"warn", text}); }
     bool Ask(const QString& text) override;
+    Choice Choose(const QString& text, const QString& first, const QString& second) override;
     void Error(const QString& text) override { boxes.push_back({"error", text}); }
     QString AskFile(const QString& title, const QString& filters) override;
 
@@ -32,6 +33,7 @@ public:
     QStringList TakeTexts();
 
     std::deque<bool> answers;
+    std::deque<Choice> choices;
     QString file;
     std::vector<Box> boxes;
 };

@@ -70,6 +70,10 @@ public:
     void Inform(const QString& text) override { said << text; }
     void Warn(const QString& text) override { said << text; }
     bool Ask(const QString& text) override;
+    Choice Choose(const QString& text, const QString&, const QString&) override
+    {
+        return Ask(text) ? Choice::First : Choice::Cancel;
+    }
     /// Goes to standard error at once, a reason only once.
     void Error(const QString& text) override;
     QString AskFile(const QString&, const QString&) override { return {}; }

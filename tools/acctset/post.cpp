@@ -39,6 +39,11 @@ public:
         return answer;
     }
 
+    Choice Choose(const QString& text, const QString&, const QString&) override
+    {
+        return Ask(text) ? Choice::First : Choice::Cancel;
+    }
+
     std::deque<bool> answers;
     QJsonArray boxes;
 
