@@ -5,12 +5,16 @@ find_program(LO_CPPUMAKER cppumaker PATHS ${LO_HOME}/sdk/bin NO_DEFAULT_PATH REQ
 find_path(LO_INCLUDE sal/config.h PATHS ${LO_HOME}/sdk/include NO_DEFAULT_PATH REQUIRED)
 
 set(lo_types
-    awt.XWindow2 beans.XPropertySet bridge.UnoUrlResolver container.XNamed document.MacroExecMode document.UpdateDocMode
-    frame.Desktop frame.XModel frame.XStorable frame.XTitle lang.DisposedException lang.XComponent
-    lang.XTypeProvider reflection.XTypeDescription sheet.CellFlags sheet.FormulaResult sheet.XCellRangeData
-    sheet.XCellRangesQuery sheet.XSpreadsheet sheet.XSpreadsheetDocument sheet.XUniqueCellFormatRangesSupplier
-    table.XColumnRowRange task.XInteractionAbort task.XInteractionHandler uno.DeploymentException uno.XAggregation
-    uno.XComponentContext uno.XWeak util.Date util.NumberFormat util.XCloseable util.XNumberFormatsSupplier)
+    awt.XToolkit awt.XWindow2 awt.XWindowPeer beans.XMultiPropertySet beans.XPropertySet bridge.UnoUrlResolver
+    container.XNamed document.MacroExecMode document.UpdateDocMode drawing.FillStyle drawing.LineStyle
+    drawing.PointSequenceSequence drawing.XDrawPagesSupplier frame.Desktop frame.XModel frame.XStorable frame.XTitle
+    lang.DisposedException lang.XComponent lang.XMultiServiceFactory lang.XTypeProvider reflection.XTypeDescription
+    sheet.CellFlags sheet.FormulaResult sheet.XCellAddressable sheet.XCellRangeAddressable sheet.XCellRangeData
+    sheet.XCellRangeMovement sheet.XCellRangesQuery sheet.XSpreadsheet sheet.XSpreadsheetDocument
+    sheet.XUniqueCellFormatRangesSupplier table.CellHoriJustify table.CellVertJustify2 table.XColumnRowRange task.XInteractionAbort task.XInteractionHandler uno.DeploymentException uno.XAggregation
+    uno.XComponentContext uno.XWeak util.Date util.NumberFormat util.XCloseable util.XMergeable
+    util.XNumberFormatTypes
+    util.XNumberFormatsSupplier)
 list(TRANSFORM lo_types PREPEND com.sun.star.)
 set(lo_registries ${LO_HOME}/program/types.rdb ${LO_HOME}/program/types/offapi.rdb)
 set(lo_headers ${CMAKE_BINARY_DIR}/uno-headers)

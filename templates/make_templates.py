@@ -19,7 +19,7 @@ import tempfile
 from pathlib import Path
 from xml.sax.saxutils import escape
 
-from forms import BARCODE, FIGURES, MONEY, SHORT, USER_FORMS, WRAPPED, fixed_forms, row
+from forms import FIGURES, MONEY, SHORT, USER_FORMS, WRAPPED, fixed_forms, row
 
 CAPTION_ROW = 16
 STYLE_SHEET = "样式分类设置"
@@ -28,16 +28,14 @@ ROOM = {True: 188, False: 275}  # millimetres for columns, by whether the paper 
 BODY, HEADING, STAND_IN = "宋体", "黑体", "WenQuanYi Micro Hei"
 NAMESPACES = {"office": "office", "style": "style", "text": "text", "table": "table", "number": "datastyle",
               "fo": "xsl-fo-compatible", "svg": "svg-compatible"}
-LINE_POINTS, BARCODE_POINTS = 9.5, 24
+LINE_POINTS = 9.5
 
-# Formats of the cells by name: text, figure as it comes, money, and the marks that Code 39 wants around its digits.
+# Formats of the cells by name: text, figure as it comes, money.
 DATA_STYLES = """
 <number:text-style style:name="F-text"><number:text-content/></number:text-style>
 <number:number-style style:name="F-figure"><number:number number:min-integer-digits="1"/></number:number-style>
 <number:number-style style:name="F-money"><number:number number:decimal-places="2" number:min-decimal-places="2"
-  number:min-integer-digits="1" number:grouping="true"/></number:number-style>
-<number:text-style style:name="F-code39"><number:text>*</number:text><number:text-content/><number:text>*</number:text>
-</number:text-style>"""
+  number:min-integer-digits="1" number:grouping="true"/></number:number-style>"""
 
 PAGE_NUMBER = """<text:p>第 <text:page-number>1</text:page-number> 页　共 <text:page-count>1</text:page-count> 页</text:p>"""
 THIN = "0.5pt solid #000000"
@@ -123,7 +121,7 @@ class Sheet:
         """A row of fields, each merged over the columns of its share."""
         cells = ""
         for i, ((first, last), (text, _)) in enumerate(zip(self.spans(fields), fields)):
-            style = self.styles.cell(align=aligns[i] if aligns else "start", **look)
+            style = self.styles.cell(align=aligns[i] if aligns else "start", wraps=True, **look)
             cells += cell(text, style, last - first + 1)
         self.add(cells, height)
 
@@ -141,10 +139,8 @@ class Sheet:
         """A row as the bill's lines take it: format and height are copied to each line."""
         cells = ""
         for name in self.form.columns:
-            look = {"align": side_of(name), "data": data_of(name), "wraps": name in WRAPPED, "size": LINE_POINTS}
-            if name == BARCODE and self.form.barcode_font:
-                look = {"align": "center", "data": "code39", "font": self.form.barcode_font, "size": BARCODE_POINTS}
-            cells += cell("", self.styles.cell(border=THIN, **look))
+            look = {"align": side_of(name), "data": data_of(name), "wraps": name in WRAPPED}
+            cells += cell("", self.styles.cell(border=THIN, size=LINE_POINTS, **look))
         self.add(cells, self.form.line_height)
 
     def totals(self):
@@ -241,7 +237,7 @@ def document(form):
     names = " ".join(f'xmlns:{prefix}="urn:oasis:names:tc:opendocument:xmlns:{name}:1.0"'
                      for prefix, name in NAMESPACES.items())
     fonts = "".join(f'<style:font-face style:name="{name}" svg:font-family="{name}"/>'
-                    for name in filter(None, (BODY, HEADING, form.barcode_font)))
+                    for name in (BODY, HEADING))
     return f"""<?xml version="1.0" encoding="UTF-8"?>
 <office:document {names} office:version="1.3" office:mimetype="application/vnd.oasis.opendocument.spreadsheet">
 <office:font-face-decls>{fonts}</office:font-face-decls>

@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <functional>
 #include <memory>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -46,6 +47,18 @@ public:
     /// In front of a row; the new rows take format and height of the row above.
     virtual void InsertRows(int row, int count) = 0;
     virtual void DeleteRows(int row, int count) = 0;
+    /// Makes rows as high as the texts that wrap in them. Rows of one height become no lower than they were.
+    virtual void FitRows(int row, int count) = 0;
+    /// Makes rows high enough for single cells whose text wraps, merged ones too.
+    /// @param cells  their rows and columns
+    virtual void FitCells(const std::vector<std::pair<int, int>>& cells) = 0;
+    /// Whether a cell has a font of its own, other than the cell to its right, that is there: a barcode font may be.
+    virtual bool HasOwnFont(int row, int column) = 0;
+    /// Draws texts as barcodes into the cells of a column, from a row on, above their text, which becomes small, and
+    /// fits the rows. A text that no bars can show stands alone.
+    virtual void DrawBarcodes(int row, int column, const QStringList& texts) = 0;
+    /// What is typed into these columns is kept as a text: 001 stays 001.
+    virtual void KeepAsTexts(int column, int columns) = 0;
     /// Makes the first columns as wide as their texts.
     virtual void FitColumns(int columns) = 0;
 };

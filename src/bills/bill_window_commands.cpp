@@ -44,7 +44,7 @@ void BillWindow::OpenImport()
     if (!m_commands.isHeadReady(m_program, m_bill))
         return;
     m_editors->Hide();
-    const ImportCaller caller{[this](QWidget* over) { ExcelInBill(over); }, ImportTitles(*m_bill.kind)};
+    const ImportCaller caller{[this](QWidget* over) { ExcelInBill(over); }, ImportColumns(*m_bill.kind)};
     frmBillToExcel::Open(m_program, caller, this);
 }
 

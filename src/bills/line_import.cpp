@@ -13,12 +13,14 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <optional>
+#include <ranges>
 #include <utility>
 
 namespace {
 
 const QString kSheetName = QStringLiteral("sheet1");
 constexpr int kRowsAtATime = 1000;
+constexpr int kNamedRows = 10; // of those left out
 
 /// Columns whose texts are taken over as they stand.
 constexpr const char* kTextTitles[] = {"生产厂商", "品牌",        "批号",        "生产日期",    "有效日期",
@@ -64,7 +66,8 @@ QString CodeOf(const QStringList& row, const SheetColumns& sheet)
 struct ImportSheet
 {
     SheetColumns columns;
-    std::vector<QStringList> rows; // each with a code
+    std::vector<QStringList> rows; // each with a code, from row 2 on
+    int used;                      // the last row that holds anything
 };
 
 SpreadsheetError Unfit(const QString& path, const QString& lacking)
@@ -80,12 +83,11 @@ ImportSheet ReadImportSheet(SpreadsheetApplication& application, const QString& 
     const std::unique_ptr<Sheet> sheet = workbook->SheetNamed(kSheetName);
     if (!sheet)
         throw Unfit(path, "名称为“" + kSheetName + "”的工作表");
-    ImportSheet read{SheetColumns(sheet->Read(1, 1, 1, kExcelColumns).front()), {}};
+    ImportSheet read{SheetColumns(sheet->Read(1, 1, 1, kExcelColumns).front()), {}, sheet->usedRows()};
     if (read.columns.code == kNoExcelColumn)
         throw Unfit(path, "“商品编号”列（工作表“" + kSheetName + "”的第一行是表头）");
-    const int used = sheet->usedRows();
-    for (int row = 2; row <= used; row += kRowsAtATime) {
-        for (QStringList& cells : sheet->Read(row, 1, std::min(kRowsAtATime, used - row + 1), kExcelColumns)) {
+    for (int row = 2; row <= read.used; row += kRowsAtATime) {
+        for (QStringList& cells : sheet->Read(row, 1, std::min(kRowsAtATime, read.used - row + 1), kExcelColumns)) {
             if (CodeOf(cells, read.columns).isEmpty())
                 return read;
             read.rows.push_back(std::move(cells));
@@ -158,8 +160,34 @@ private:
     LineGrid m_grid;
 };
 
-/// @return the number of lines; unset where the bill stays as it was
-std::optional<int> Import(Program& program, BillText& bill, const QString& path, const ImportProgress& progress)
+/// How an import went.
+struct Outcome
+{
+    int lines = 0;
+    std::vector<std::pair<int, QString>> unknown; // rows of the sheet, and the codes that no good has
+    int endRow = 0;                               // the one without a code, where rows stand below it; 0 for none
+
+    QString Text() const;
+};
+
+QString Outcome::Text() const
+{
+    QStringList text = {"共导入" + QString::number(lines) + " 条数据！"};
+    if (!unknown.empty())
+        text << "以下" + QString::number(unknown.size()) + "行没有导入：";
+    for (const auto& [row, code] : unknown | std::views::take(kNamedRows))
+        text << "第" + QString::number(row) + "行：没有编号为“" + code + "”的商品";
+    if (unknown.size() > kNamedRows)
+        text << "……";
+    if (endRow != 0)
+        text << "第" + QString::number(endRow) + "行没有商品编号，从这一行起没有导入。";
+    if (lines == 0)
+        text << "原有的明细没有改变。";
+    return text.join('\n');
+}
+
+/// Unset where the user has ended it or has been told.
+std::optional<Outcome> Import(Program& program, BillText& bill, const QString& path, const ImportProgress& progress)
 {
     progress(0, 0);
     std::optional<ImportSheet> sheet;
@@ -167,17 +195,26 @@ std::optional<int> Import(Program& program, BillText& bill, const QString& path,
                                SpreadsheetHost::Input::Passes);
     LineWriter lines(program, bill, sheet->columns);
     const auto total = static_cast<int>(sheet->rows.size());
+    Outcome outcome;
+    if (const int blank = total + 2; blank <= sheet->used)
+        outcome.endRow = blank;
     for (int row = 0; row < total; ++row) {
-        const Recordset good = GoodForLine(program, CodeOf(sheet->rows[row], sheet->columns));
+        const QString code = CodeOf(sheet->rows[row], sheet->columns);
+        const Recordset good = GoodForLine(program, code);
         if (!good || !progress(row, total))
             return {};
-        if (!good.isEmpty())
+        if (good.isEmpty())
+            outcome.unknown.emplace_back(row + 2, code);
+        else
             lines.Write(sheet->rows[row], good);
     }
+    outcome.lines = lines.grid().lastRow() - 1;
+    if (outcome.lines == 0)
+        return outcome;
     bill.MSH = std::move(lines.grid());
     ColumnWidthsChanged(bill);
     RecalcAllAmounts(program, bill);
-    return bill.MSH.lastRow() - 1;
+    return outcome;
 }
 
 } // namespace
@@ -195,20 +232,25 @@ QString AskImportFile(Program& program, const BillKind& kind)
 QString ExcelInBill(Program& program, BillText& bill, const QString& path, const ImportProgress& progress)
 {
     try {
-        const std::optional<int> lines = Import(program, bill, path, progress);
-        return lines ? "共导入" + QString::number(*lines) + " 条数据！" : QString();
+        const std::optional<Outcome> outcome = Import(program, bill, path, progress);
+        return outcome ? outcome->Text() : QString();
     } catch (const SpreadsheetError& error) {
         return error.kind == SpreadsheetError::Kind::Cancelled ? QString() : error.description;
     }
 }
 
-QStringList ImportTitles(const BillKind& kind)
+std::vector<BlankColumn> ImportColumns(const BillKind& kind)
 {
-    QStringList titles = {"商品编号", "商品名称", "规格", "属性", "单位"};
+    std::vector<BlankColumn> columns;
+    for (const char* title : {"商品编号", "商品名称", "规格", "属性", "单位"})
+        columns.push_back({title, true});
     // The rules on the screen ask for it in the third column.
-    const bool isRevaluation = kind.lines == LineShape::Revalued;
-    titles.insert(isRevaluation ? 2 : titles.size(), isRevaluation ? "调价金额" : "数量");
+    if (kind.lines == LineShape::Revalued)
+        columns.insert(columns.begin() + 2, {"调价金额", false});
+    else
+        columns.push_back({"数量", false});
+    // A day is recognized as one when it is typed, in whatever form.
     for (const char* title : kTextTitles)
-        titles << title;
-    return titles;
+        columns.push_back({title, !QString(title).contains("日期")});
+    return columns;
 }

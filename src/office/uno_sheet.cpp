@@ -1,19 +1,25 @@
 #include "office/uno_sheet.h"
 
 #include "office/cell_text.h"
+#include "office/row_heights.h"
+#include "office/sheet_bars.h"
 #include "office/uno_text.h"
 
 #include <algorithm>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/sheet/CellFlags.hpp>
 #include <com/sun/star/sheet/FormulaResult.hpp>
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 #include <com/sun/star/sheet/XCellRangeData.hpp>
 #include <com/sun/star/sheet/XCellRangesQuery.hpp>
 #include <com/sun/star/sheet/XSheetCellRanges.hpp>
 #include <com/sun/star/sheet/XUniqueCellFormatRangesSupplier.hpp>
+#include <com/sun/star/table/CellHoriJustify.hpp>
+#include <com/sun/star/table/CellVertJustify2.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
 #include <com/sun/star/util/Date.hpp>
 #include <com/sun/star/util/NumberFormat.hpp>
+#include <com/sun/star/util/XNumberFormatTypes.hpp>
 #include <com/sun/star/util/XNumberFormatsSupplier.hpp>
 
 using namespace com::sun::star;
@@ -30,6 +36,9 @@ constexpr sal_Int16 kAnyContent =
     sheet::CellFlags::VALUE | sheet::CellFlags::DATETIME | sheet::CellFlags::STRING | sheet::CellFlags::FORMULA;
 
 const SpreadsheetError kRefused{SpreadsheetError::Kind::Stopped, "LibreOffice不能处理这个工作表，操作没有完成！"};
+
+constexpr int kBarcodeRow = 1100; // hundredths of a millimetre
+constexpr float kSmallText = 8;   // points
 
 /// A block of cells while it is read.
 struct Block
@@ -85,6 +94,11 @@ void ShowAsDates(Block& block, const Areas& areas, const QDate& firstDay)
 Reference<beans::XPropertySet> PropertiesOf(const Reference<uno::XInterface>& object)
 {
     return {object, UNO_QUERY_THROW};
+}
+
+Any FontOf(const Reference<table::XCell>& cell)
+{
+    return PropertiesOf(cell)->getPropertyValue("CharFontName");
 }
 
 bool IsDateFormat(const Reference<frame::XModel>& document, sal_Int32 key)
@@ -223,6 +237,73 @@ void UnoSheet::DeleteRows(int row, int count)
 {
     m_watch.Call(kRefused, [&] {
         Reference<table::XColumnRowRange>(m_sheet, UNO_QUERY_THROW)->getRows()->removeByIndex(row - 1, count);
+    });
+}
+
+void UnoSheet::FitRows(int row, int count)
+{
+    m_watch.Call(kRefused, [&] { FitRowHeights(m_sheet, row - 1, count, 0); });
+}
+
+void UnoSheet::FitCells(const std::vector<std::pair<int, int>>& cells)
+{
+    std::vector<table::CellAddress> addresses;
+    for (const auto& [row, column] : cells)
+        addresses.emplace_back(sal_Int16(0), column - 1, row - 1);
+    m_watch.Call(kRefused, [&] { FitRowsToCells(m_document, m_sheet, addresses); });
+}
+
+bool UnoSheet::HasOwnFont(int row, int column)
+{
+    return m_watch.Call(kRefused, [&] {
+        const Any font = FontOf(m_sheet->getCellByPosition(column - 1, row - 1));
+        return font != FontOf(m_sheet->getCellByPosition(column, row - 1)) &&
+               HasFont(m_document, font.get<rtl::OUString>());
+    });
+}
+
+void UnoSheet::DrawBarcodes(int row, int column, const QStringList& texts)
+{
+    const auto count = int(texts.size());
+    if (count == 0)
+        return;
+    m_watch.Call(kRefused, [&] {
+        const Any textFont = FontOf(m_sheet->getCellByPosition(column, row - 1));
+        ShowSmallTexts(m_sheet->getCellRangeByPosition(column - 1, row - 1, column - 1, row + count - 2), textFont);
+        FitRowHeights(m_sheet, row - 1, count, kBarcodeRow);
+        const Reference<sheet::XCellRangeAddressable> place(m_sheet, UNO_QUERY_THROW);
+        const auto page = ShapesOf(m_document, place->getRangeAddress().Sheet);
+        for (int line = 0; line < count; ++line)
+            DrawBars(m_document, page, m_sheet->getCellByPosition(column - 1, row + line - 1), Code128(texts[line]));
+    });
+}
+
+/// At the foot of the cells, whatever they looked like.
+void UnoSheet::ShowSmallTexts(const Reference<table::XCellRange>& cells, const Any& font)
+{
+    const Any height(kSmallText);
+    SetProperties(cells,
+                  {Property("CharFontName", font), Property("CharFontNameAsian", font), Property("CharHeight", height),
+                   Property("CharHeightAsian", height), Property("HoriJustify", Any(table::CellHoriJustify_CENTER)),
+                   Property("IsTextWrapped", Any(false)), Property("NumberFormat", TextFormat()),
+                   Property("ShrinkToFit", Any(true)),
+                   Property("VertJustify", Any(sal_Int32(table::CellVertJustify2::BOTTOM)))});
+}
+
+Any UnoSheet::TextFormat() const
+{
+    const Reference<util::XNumberFormatsSupplier> supplier(m_document, UNO_QUERY_THROW);
+    const Reference<util::XNumberFormatTypes> formats(supplier->getNumberFormats(), UNO_QUERY_THROW);
+    return Any(formats->getStandardFormat(util::NumberFormat::TEXT, lang::Locale()));
+}
+
+void UnoSheet::KeepAsTexts(int column, int columns)
+{
+    m_watch.Call(kRefused, [&] {
+        const Reference<table::XCellRange> cells =
+            m_sheet->getCellRangeByPosition(column - 1, 0, column + columns - 2, 0);
+        PropertiesOf(Reference<table::XColumnRowRange>(cells, UNO_QUERY_THROW)->getColumns())
+            ->setPropertyValue("NumberFormat", TextFormat());
     });
 }
 

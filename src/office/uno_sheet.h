@@ -22,6 +22,11 @@ public:
     void Write(int row, int column, const SheetRows& cells) override;
     void InsertRows(int row, int count) override;
     void DeleteRows(int row, int count) override;
+    void FitRows(int row, int count) override;
+    void FitCells(const std::vector<std::pair<int, int>>& cells) override;
+    bool HasOwnFont(int row, int column) override;
+    void DrawBarcodes(int row, int column, const QStringList& texts) override;
+    void KeepAsTexts(int column, int columns) override;
     void FitColumns(int columns) override;
 
     /// The last column that holds anything, 0 for an empty sheet.
@@ -30,6 +35,9 @@ public:
 
 private:
     com::sun::star::uno::Sequence<com::sun::star::table::CellRangeAddress> UsedAreas();
+    void ShowSmallTexts(const com::sun::star::uno::Reference<com::sun::star::table::XCellRange>& cells,
+                        const com::sun::star::uno::Any& font);
+    com::sun::star::uno::Any TextFormat() const;
     void WriteBlock(int row, int column, std::span<const std::vector<SheetCell>> cells);
 
     CallWatch& m_watch;

@@ -2,6 +2,8 @@
 
 #include <QFileInfo>
 #include <QUrl>
+#include <algorithm>
+#include <com/sun/star/beans/XMultiPropertySet.hpp>
 
 using namespace com::sun::star;
 
@@ -33,4 +35,14 @@ beans::PropertyValue Property(const char* name, const uno::Any& value)
 UnoProperties Properties(std::initializer_list<beans::PropertyValue> properties)
 {
     return {properties.begin(), sal_Int32(properties.size())};
+}
+
+void SetProperties(const uno::Reference<uno::XInterface>& object,
+                   std::initializer_list<beans::PropertyValue> properties)
+{
+    uno::Sequence<rtl::OUString> names(sal_Int32(properties.size()));
+    uno::Sequence<uno::Any> values(sal_Int32(properties.size()));
+    std::ranges::transform(properties, names.getArray(), &beans::PropertyValue::Name);
+    std::ranges::transform(properties, values.getArray(), &beans::PropertyValue::Value);
+    uno::Reference<beans::XMultiPropertySet>(object, uno::UNO_QUERY_THROW)->setPropertyValues(names, values);
 }

@@ -17,3 +17,7 @@ using UnoProperties = com::sun::star::uno::Sequence<com::sun::star::beans::Prope
 
 com::sun::star::beans::PropertyValue Property(const char* name, const com::sun::star::uno::Any& value);
 UnoProperties Properties(std::initializer_list<com::sun::star::beans::PropertyValue> properties);
+/// Sets properties of an object in one call.
+/// @param properties  in the order of their names
+void SetProperties(const com::sun::star::uno::Reference<com::sun::star::uno::XInterface>& object,
+                   std::initializer_list<com::sun::star::beans::PropertyValue> properties);

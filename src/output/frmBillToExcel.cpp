@@ -1,7 +1,6 @@
 #include "output/frmBillToExcel.h"
 
 #include "output/frmProgress.h"
-#include "output/grid_export.h"
 #include "output/spreadsheet_plugin.h"
 
 #include <QGroupBox>
@@ -92,7 +91,7 @@ void frmBillToExcel::OpenBlank()
     Work([this] {
         try {
             const BusyPointer pointer;
-            OpenNewWorkbook(SpreadsheetOf(m_program), {m_caller.titles}, windowTitle());
+            OpenBlankWorkbook(SpreadsheetOf(m_program), m_caller.columns, windowTitle());
         } catch (const SpreadsheetError& error) {
             m_program.prompt.Inform(error.description);
         }

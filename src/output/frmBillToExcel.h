@@ -3,9 +3,9 @@
 // The rules of an import from a workbook, before it begins, and a blank workbook to fill in.
 
 #include "handover/program.h"
+#include "output/grid_export.h"
 
 #include <QDialog>
-#include <QStringList>
 #include <functional>
 
 /// The window that the lines go to.
@@ -14,7 +14,7 @@ struct ImportCaller
     /// Takes the lines in and says how it went.
     /// @param over  the window that stands before the caller
     std::function<void(QWidget* over)> ExcelInBill;
-    QStringList titles; // of a workbook for it
+    std::vector<BlankColumn> columns; // of a workbook for it
 };
 
 class frmBillToExcel : public QDialog

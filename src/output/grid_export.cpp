@@ -35,6 +35,21 @@ void WriteRows(Sheet& sheet, const std::vector<QStringList>& rows, const RowsWri
     }
 }
 
+void OpenFilled(SpreadsheetHost& host, const QString& caption, const std::function<void(Sheet&)>& fill)
+{
+    const QTemporaryDir folder;
+    // A sheet of the older format ends at 65,536 rows.
+    const QString path = folder.filePath("Book1.xlsx");
+    host.Run(
+        [&](SpreadsheetApplication& office) {
+            const std::unique_ptr<Workbook> workbook = office.Create();
+            fill(*workbook->SheetAt(0));
+            workbook->SaveAs(path);
+        },
+        SpreadsheetHost::Input::Passes);
+    host.HandOver(path, caption, true);
+}
+
 } // namespace
 
 std::vector<QStringList> TextsInSight(const GridTable& grid)
@@ -47,18 +62,21 @@ std::vector<QStringList> TextsInSight(const GridTable& grid)
     return rows;
 }
 
+void OpenBlankWorkbook(SpreadsheetHost& host, const std::vector<BlankColumn>& columns, const QString& caption)
+{
+    OpenFilled(host, caption, [&columns](Sheet& sheet) {
+        QStringList titles;
+        for (const BlankColumn& column : columns) {
+            titles << column.title;
+            if (column.isText)
+                sheet.KeepAsTexts(int(titles.size()), 1);
+        }
+        WriteRows(sheet, {titles}, {});
+    });
+}
+
 void OpenNewWorkbook(SpreadsheetHost& host, const std::vector<QStringList>& rows, const QString& caption,
                      const RowsWritten& written)
 {
-    const QTemporaryDir folder;
-    // A sheet of the older format ends at 65,536 rows.
-    const QString path = folder.filePath("Book1.xlsx");
-    host.Run(
-        [&](SpreadsheetApplication& office) {
-            const std::unique_ptr<Workbook> workbook = office.Create();
-            WriteRows(*workbook->SheetAt(0), rows, written);
-            workbook->SaveAs(path);
-        },
-        SpreadsheetHost::Input::Passes);
-    host.HandOver(path, caption, true);
+    OpenFilled(host, caption, [&](Sheet& sheet) { WriteRows(sheet, rows, written); });
 }

@@ -99,25 +99,47 @@ std::optional<QString> CopyPath(Program& program, const QString& name)
     return PathInFolder(*folder, now.day.toString("yyyyMMdd") + time.toString("HHmmss") + name);
 }
 
-void ReplaceTokens(Sheet& page, const std::vector<BillToken>& tokens)
+/// @return the places of the cells that had a token
+std::vector<std::pair<int, int>> ReplaceTokens(Sheet& page, const std::vector<BillToken>& tokens)
 {
+    std::vector<std::pair<int, int>> places;
     const std::vector<QStringList> texts = page.Read(1, 1, kTokenRows, kTokenColumns);
     for (int row = 0; row < kTokenRows; ++row) {
         for (int column = 0; column < kTokenColumns; ++column) {
             const QString& text = texts[row][column];
             const QString replaced = ReplaceBillTokens(tokens, text);
             // A cell without a token is left alone: it may be a formula.
-            if (replaced != text)
-                page.Write(row + 1, column + 1, {{replaced}});
+            if (replaced == text)
+                continue;
+            page.Write(row + 1, column + 1, {{replaced}});
+            places.emplace_back(row + 1, column + 1);
         }
     }
+    return places;
 }
 
-bool IsBarcodeStyle(Workbook& book)
+/// How the goods' barcodes stand in the first column.
+enum class Barcodes
+{
+    None,
+    Digits,
+    Bars,
+};
+struct StyleWord
+{
+    const char* word;
+    Barcodes barcodes;
+};
+constexpr StyleWord kStyleWords[] = {{"首列打印条形码", Barcodes::Digits},
+                                     {"首列打印数字条形码", Barcodes::Digits},
+                                     {"首列打印图形条形码", Barcodes::Bars}};
+
+Barcodes StyleOf(Workbook& book)
 {
     const std::unique_ptr<Sheet> settings = book.SheetNamed("样式分类设置");
     const QString style = settings ? settings->Read(1, 2, 1, 1).front().front().trimmed() : QString();
-    return style == u"首列打印条形码" || style == u"首列打印图形条形码" || style == u"首列打印数字条形码";
+    const auto known = std::ranges::find(kStyleWords, style, [](const StyleWord& each) { return QString(each.word); });
+    return known == std::end(kStyleWords) ? Barcodes::None : known->barcodes;
 }
 
 /// A figure is a number in the sheet, so that a formula of the template can add it up.
@@ -144,6 +166,14 @@ SheetRows RowsOf(const BillSheet& bill, const GoodsBarcodes* barcodes)
     return rows;
 }
 
+QStringList FirstTexts(const SheetRows& rows)
+{
+    QStringList texts;
+    for (const std::vector<SheetCell>& cells : rows)
+        texts << std::get<QString>(cells.front());
+    return texts;
+}
+
 void WriteLines(Sheet& page, const SheetRows& rows)
 {
     const int count = int(rows.size());
@@ -159,12 +189,18 @@ void FillCopy(SpreadsheetApplication& application, const BillSheet& bill, const 
               const WorkingCopy& copy, SheetGoal goal)
 {
     const std::unique_ptr<Workbook> book = application.Open(copy.path());
-    const bool hasBarcodes = IsBarcodeStyle(*book);
+    const Barcodes style = StyleOf(*book);
     const std::unique_ptr<Sheet> page = book->SheetNamed("sheet1");
     if (!page)
         throw SpreadsheetError{SpreadsheetError::Kind::Stopped, kUnforeseen};
-    ReplaceTokens(*page, bill.tokens);
-    WriteLines(*page, RowsOf(bill, hasBarcodes ? &barcodes : nullptr));
+    page->FitCells(ReplaceTokens(*page, bill.tokens));
+    const SheetRows rows = RowsOf(bill, style == Barcodes::None ? nullptr : &barcodes);
+    WriteLines(*page, rows);
+    // A font of the first column's own makes the bars itself.
+    if (style == Barcodes::Bars && !page->HasOwnFont(kPlaceholderRow, 1))
+        page->DrawBarcodes(kPlaceholderRow, 1, FirstTexts(rows));
+    else
+        page->FitRows(kPlaceholderRow, int(rows.size()));
     if (goal == SheetGoal::IntoExcel)
         book->SaveAs(copy.path());
     else

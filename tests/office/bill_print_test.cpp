@@ -32,6 +32,7 @@ protected:
         const QString name = FixedTemplate(*bill.kind, form);
         QFile stored(TEMPLATE_FOLDER "/fixed/" + name);
         EXPECT_TRUE(stored.open(QIODevice::ReadOnly)) << name.toStdString();
+        test.Run(Sql("delete from TabExcelTable"));
         test.Insert("TabExcelTable", {{"TabName", name.toUtf8().constData()}, {"TabInf", stored.readAll()}});
         PrintBill_Excel(test.program, SheetOf(test.program, bill, paper), name, SheetGoal::Print,
                         [this](const QString& made) {
@@ -43,6 +44,15 @@ protected:
         text.start("pdftotext", {"-layout", pdf, "-"});
         EXPECT_TRUE(text.waitForFinished());
         return QString::fromUtf8(text.readAllStandardOutput()).remove(' ');
+    }
+
+    /// What a scanner reads off the first page.
+    QString Barcodes()
+    {
+        QProcess scan;
+        scan.start("sh", {"-c", "pdftoppm -r 200 -f 1 -l 1 -png \"$0\" | zbarimg -q -", pdf});
+        EXPECT_TRUE(scan.waitForFinished());
+        return scan.readAllStandardOutput();
     }
 
     const QString pdf = test.folder.filePath("paper.pdf");
@@ -71,6 +81,12 @@ TEST_F(PrintedBill, ATransferOfTwoHundredLines)
     EXPECT_TRUE(text.contains("2023年02月08日"));
     EXPECT_TRUE(text.contains("300.00")) << "added up";
     EXPECT_FALSE(text.contains('?')) << text.mid(text.indexOf('?') - 40, 80).toStdString();
+
+    const int name = ColumnIndex(*bill.kind, QString("商品名称"));
+    for (int row = 1; row <= 200; row += 2)
+        bill.MSH.SetCell(row, name, QString("加厚不锈钢内六角圆柱头螺丝").repeated(6));
+    Print("", kWareManagePaper);
+    EXPECT_GE(PageSizes(pdf)->size(), pages.size() + pages.size() / 2) << "rows grow with what wraps in them";
 }
 
 TEST_F(PrintedBill, ARevaluationAndAStocktakeWithBarcodes)
@@ -101,6 +117,7 @@ TEST_F(PrintedPiece, AnAssembly)
     for (const char* part : {"ZZD202302080001", "套装", "110.00", "主仓", "螺丝"})
         EXPECT_TRUE(text.contains(part)) << part << "\n" << text.toStdString();
     EXPECT_FALSE(text.contains('?')) << text.toStdString();
+    EXPECT_EQ(Barcodes(), "CODE-128:6901234567892\n");
 }
 
 } // namespace

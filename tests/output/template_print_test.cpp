@@ -142,6 +142,7 @@ TEST_F(TemplatePrintTest, AStyleWordPutsBarcodesInFront)
     for (int good = 3; good < 250; ++good) // more than one statement
         bill.lines.push_back({QString("g%1").arg(good), "", "1"});
     test.Insert("TabWare", {{"Code", "G249"}, {"TiaoXingCode", "249"}});
+    int prints = 0;
     for (const auto& [style, expected] : {std::pair("首列打印条形码", "0690123"),
                                           {"首列打印图形条形码", "0690123"},
                                           {" 首列打印数字条形码 ", "0690123"},
@@ -153,7 +154,13 @@ TEST_F(TemplatePrintTest, AStyleWordPutsBarcodesInFront)
         const bool hasBarcode = QString(expected) != "001";
         EXPECT_EQ(Row(18), hasBarcode ? "|002|螺帽|abc" : "002|螺帽|abc|");
         EXPECT_EQ(Sheet().Text(17 + 248, 1), hasBarcode ? "249" : "g249");
+        const bool areDrawn = QByteArray(style).contains("图形");
+        EXPECT_EQ(Sheet().barcodes.value(16), areDrawn ? "0690123" : "");
+        EXPECT_EQ(office.calls["FitRows"] + office.calls["DrawBarcodes"], ++prints) << "either fits the rows";
     }
+    office.books["首列打印图形条形码.xls"].front().hasOwnFonts = true;
+    EXPECT_EQ(Fill("首列打印图形条形码.xls"), "");
+    EXPECT_EQ(Sheet().barcodes, QStringList()) << "the font makes the bars";
 }
 
 TEST_F(TemplatePrintTest, RefusesWithItsReason)

@@ -72,6 +72,22 @@ public:
                          sheet.rows.begin() + std::min(row - 1 + count, end));
     }
 
+    void FitRows(int, int) override { m_host.Enter("FitRows"); }
+    void FitCells(const std::vector<std::pair<int, int>>&) override { m_host.Enter("FitCells"); }
+    bool HasOwnFont(int, int) override { return sheet.hasOwnFonts; }
+    void DrawBarcodes(int row, int, const QStringList& texts) override
+    {
+        m_host.Enter("DrawBarcodes");
+        sheet.barcodes = QStringList(row - 1) + texts;
+    }
+
+    void KeepAsTexts(int column, int columns) override
+    {
+        m_host.Enter("KeepAsTexts");
+        for (int end = column + columns; column < end; ++column)
+            sheet.textColumns.insert(column);
+    }
+
     void FitColumns(int) override { m_host.Enter("FitColumns"); }
 
     MemorySheet& sheet;

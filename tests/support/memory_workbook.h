@@ -7,11 +7,15 @@
 
 #include <map>
 #include <optional>
+#include <set>
 
 struct MemorySheet
 {
     QString name;
     SheetRows rows; // row 1 is rows[0]; rows may be of different lengths
+    bool hasOwnFonts = false;
+    QStringList barcodes = {};      // as drawn, from row 1 on
+    std::set<int> textColumns = {}; // that keep what is typed as a text
 
     /// The text as Sheet::Read gives it, empty outside. Counted from 1.
     QString Text(int row, int column) const;
@@ -34,7 +38,8 @@ public:
     /// What opens by a path. A saved workbook comes in here, and a file with its key for bytes to the path, so that a
     /// copy of that file, or one out of the database, opens as the same workbook. Any other file cannot be opened.
     std::map<QString, MemoryBook> books;
-    /// By the operation's name: Run, Open, Create, Read, Write, InsertRows, DeleteRows, FitColumns, SaveAs, ExportPdf,
+    /// By the operation's name: Run, Open, Create, Read, Write, InsertRows, DeleteRows, KeepAsTexts,
+    /// FitColumns, SaveAs, ExportPdf,
     /// HandOver.
     std::map<QString, SpreadsheetError> failures;
     /// What the user does while a job runs.
