@@ -11,7 +11,7 @@ set(lo_types
     lang.DisposedException lang.XComponent lang.XMultiServiceFactory lang.XTypeProvider reflection.XTypeDescription
     sheet.CellFlags sheet.FormulaResult sheet.XCellAddressable sheet.XCellRangeAddressable sheet.XCellRangeData
     sheet.XCellRangeMovement sheet.XCellRangesQuery sheet.XSpreadsheet sheet.XSpreadsheetDocument
-    sheet.XUniqueCellFormatRangesSupplier table.CellHoriJustify table.CellVertJustify2 table.XColumnRowRange task.XInteractionAbort task.XInteractionHandler uno.DeploymentException uno.XAggregation
+    sheet.XUniqueCellFormatRangesSupplier table.CellHoriJustify table.CellVertJustify2 table.XColumnRowRange text.XTextRange task.XInteractionAbort task.XInteractionHandler uno.DeploymentException uno.XAggregation
     uno.XComponentContext uno.XWeak util.Date util.NumberFormat util.XCloseable util.XMergeable
     util.XNumberFormatTypes
     util.XNumberFormatsSupplier)

@@ -92,8 +92,11 @@ class Sheet:
         self.styles = Styles()
         self.rows = []
         self.is_upright = sum(form.shown.values()) <= ROOM[True]
-        # What the paper leaves over is room for remarks.
-        self.widths = {**form.shown, "备注": form.shown["备注"] + ROOM[self.is_upright] - sum(form.shown.values())}
+        # What the paper leaves over is room for the texts that wrap.
+        wrapped = sum(form.shown[name] for name in WRAPPED & form.shown.keys())
+        spare = 1 + (ROOM[self.is_upright] - sum(form.shown.values())) / wrapped
+        self.widths = {name: round(width * spare, 1) if name in WRAPPED else width
+                       for name, width in form.shown.items()}
         self.last = max(i for i, name in enumerate(form.columns) if name in form.shown)
 
     def spans(self, fields):
@@ -139,7 +142,7 @@ class Sheet:
         """A row as the bill's lines take it: format and height are copied to each line."""
         cells = ""
         for name in self.form.columns:
-            look = {"align": side_of(name), "data": data_of(name), "wraps": name in WRAPPED}
+            look = {"align": side_of(name), "data": data_of(name), "wraps": name in WRAPPED & self.form.shown.keys()}
             cells += cell("", self.styles.cell(border=THIN, size=LINE_POINTS, **look))
         self.add(cells, self.form.line_height)
 

@@ -247,10 +247,12 @@ void UnoSheet::FitRows(int row, int count)
 
 void UnoSheet::FitCells(const std::vector<std::pair<int, int>>& cells)
 {
-    std::vector<table::CellAddress> addresses;
-    for (const auto& [row, column] : cells)
-        addresses.emplace_back(sal_Int16(0), column - 1, row - 1);
-    m_watch.Call(kRefused, [&] { FitRowsToCells(m_document, m_sheet, addresses); });
+    m_watch.Call(kRefused, [&] {
+        std::vector<table::CellAddress> addresses;
+        for (const auto& [row, column] : cells)
+            addresses.emplace_back(SheetIndex(), column - 1, row - 1);
+        FitRowsToCells(m_document, m_sheet, addresses);
+    });
 }
 
 bool UnoSheet::HasOwnFont(int row, int column)
@@ -271,8 +273,7 @@ void UnoSheet::DrawBarcodes(int row, int column, const QStringList& texts)
         const Any textFont = FontOf(m_sheet->getCellByPosition(column, row - 1));
         ShowSmallTexts(m_sheet->getCellRangeByPosition(column - 1, row - 1, column - 1, row + count - 2), textFont);
         FitRowHeights(m_sheet, row - 1, count, kBarcodeRow);
-        const Reference<sheet::XCellRangeAddressable> place(m_sheet, UNO_QUERY_THROW);
-        const auto page = ShapesOf(m_document, place->getRangeAddress().Sheet);
+        const auto page = ShapesOf(m_document, SheetIndex());
         for (int line = 0; line < count; ++line)
             DrawBars(m_document, page, m_sheet->getCellByPosition(column - 1, row + line - 1), Code128(texts[line]));
     });
@@ -288,6 +289,11 @@ void UnoSheet::ShowSmallTexts(const Reference<table::XCellRange>& cells, const A
                    Property("IsTextWrapped", Any(false)), Property("NumberFormat", TextFormat()),
                    Property("ShrinkToFit", Any(true)),
                    Property("VertJustify", Any(sal_Int32(table::CellVertJustify2::BOTTOM)))});
+}
+
+sal_Int16 UnoSheet::SheetIndex() const
+{
+    return Reference<sheet::XCellRangeAddressable>(m_sheet, UNO_QUERY_THROW)->getRangeAddress().Sheet;
 }
 
 Any UnoSheet::TextFormat() const

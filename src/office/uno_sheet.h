@@ -38,6 +38,7 @@ private:
     void ShowSmallTexts(const com::sun::star::uno::Reference<com::sun::star::table::XCellRange>& cells,
                         const com::sun::star::uno::Any& font);
     com::sun::star::uno::Any TextFormat() const;
+    sal_Int16 SheetIndex() const;
     void WriteBlock(int row, int column, std::span<const std::vector<SheetCell>> cells);
 
     CallWatch& m_watch;
