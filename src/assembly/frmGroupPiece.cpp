@@ -14,6 +14,7 @@
 #include "data/lookups.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -214,7 +215,10 @@ bool frmGroupPiece::FigureKey(const QString& control, const QKeyEvent& key)
         return false;
     HeadKeyPressed(m_program, m_piece, control);
     ShowBill();
-    return text.front().isPrint() && !IsFigureKey(text.front());
+    const bool isRefused = text.front().isPrint() && !IsFigureKey(text.front());
+    if (isRefused)
+        QApplication::beep();
+    return isRefused;
 }
 
 bool frmGroupPiece::eventFilter(QObject* watched, QEvent* event)

@@ -314,6 +314,8 @@ void CellEditors::TypeFromGrid(QKeyEvent* key)
     ShowCellEditor();
     if (!m_text->isHidden())
         QApplication::sendEvent(m_text, key);
+    else if (m_units->isHidden())
+        QApplication::beep();
 }
 
 /// Double click: the goods that the text may mean.

@@ -1,16 +1,15 @@
 #include "frame/appearance.h"
+#include "frame/application.h"
 #include "frame/message_prompt.h"
 #include "frame/run_mode.h"
 #include "frame/start.h"
 
-#include <QApplication>
-
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
+    Application application(argc, argv);
     SetAppearance();
     MessagePrompt prompt;
     SystemClock clock;
     const auto program = Main(QCoreApplication::applicationDirPath(), prompt, clock, kModuleRunMode);
-    return program ? QApplication::exec() : 1;
+    return program ? Application::exec() : 1;
 }

@@ -1,0 +1,44 @@
+#include "frame/application.h"
+
+#include <QAction>
+#include <QKeyEvent>
+#include <QLibraryInfo>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPointer>
+#include <algorithm>
+
+namespace {
+
+/// Whether a key that no widget has taken was meant to do something: it is a text, or the key of a locked command.
+bool IsRefused(const QWidget& widget, const QKeyEvent& key)
+{
+    const bool isCommand = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+    if (!isCommand && !key.text().isEmpty() && key.text().front().isPrint())
+        return true;
+    const QKeySequence keys(key.keyCombination());
+    const auto actions = widget.window()->findChildren<QAction*>();
+    return std::ranges::any_of(actions, [&keys](const QAction* action) { return action->shortcuts().contains(keys); });
+}
+
+} // namespace
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv)
+{
+    QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
+    if (m_texts.load("qtbase_zh_CN", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        installTranslator(&m_texts);
+}
+
+bool Application::notify(QObject* receiver, QEvent* event)
+{
+    const bool isKey = event->type() == QEvent::KeyPress;
+    if (event->type() == QEvent::Polish)
+        if (const auto* const box = qobject_cast<QLineEdit*>(receiver))
+            connect(box, &QLineEdit::inputRejected, this, [] { beep(); });
+    const QPointer<QWidget> widget(isKey ? qobject_cast<QWidget*>(receiver) : nullptr); // a key may close its window
+    const bool done = QApplication::notify(receiver, event);
+    if (widget && !event->isAccepted() && IsRefused(*widget, *static_cast<QKeyEvent*>(event)))
+        beep();
+    return done;
+}
