@@ -36,8 +36,8 @@ constexpr BillCommands kCommands{
     .paper = &kPiecePaper,
 };
 
-const BillKey kPatternKey{"ToolTaoYong", "套用", "调入套用模版单据", "Ctrl+T", nullptr, {}, nullptr, false};
-const BillKey kWarrantKey{"ToolSeeWarrent", "凭证", "查看会计凭证", "", nullptr, {}, nullptr, false};
+const BillKey kPatternKey{"ToolTaoYong", "套用", "调入套用模版单据", "Ctrl+T", nullptr, "FTaoYong", {}, nullptr, false};
+const BillKey kWarrantKey{"ToolSeeWarrent", "凭证", "查看会计凭证", "", nullptr, nullptr, {}, nullptr, false};
 
 /// Captions that follow the mode.
 struct ModeCaption
@@ -75,13 +75,12 @@ void frmGroupPiece::AddPieceCommands()
 {
     InsertBillKey(*this, kPatternKey, "ToolInsertRow");
     InsertBillKey(*this, kWarrantKey, "ToolPrint");
-    InsertFileEntry(*this, "FTaoYong", "调入套用模版单据");
     InsertFileEntry(*this, "FSeeWarrent", "查看会计凭证");
     findChild<QAction*>("MMSHFormat")->setObjectName("FMSHFormat");
     findChild<QLabel*>("LabTotalMoney")->setObjectName("LabOperateMoney");
     findChild<QLabel*>("LabTotalMoney_Str")->setObjectName("LabOperateMoneyName");
     // Enter leads from the head to the lines; the options are reached behind them.
-    constexpr std::pair<const char*, const char*> kSteps[] = {{"TxtSaleMan", "TxtMoneyName"},
+    constexpr std::pair<const char*, const char*> kSteps[] = {{"ImgSaleMan", "TxtMoneyName"},
                                                               {"TxtMoneyName", "TxtMoneyRate"},
                                                               {"ChAutoAuditing", "ChAutoChen"},
                                                               {"ChAutoChen", "ChSpecJE"}};
@@ -91,17 +90,13 @@ void frmGroupPiece::AddPieceCommands()
 
 void frmGroupPiece::ConnectPieceCommands()
 {
-    for (const char* control : {"ToolTaoYong", "FTaoYong"})
-        connect(findChild<QAction*>(control), &QAction::triggered, this, &frmGroupPiece::CallInPattern);
+    connect(findChild<QAction*>("ToolTaoYong"), &QAction::triggered, this, &frmGroupPiece::CallInPattern);
     connect(findChild<QAction*>("ToolSeeWarrent"), &QAction::triggered, this,
             [this] { SeeBillWarrant(m_program, m_piece, false); });
     connect(findChild<QAction*>("FSeeWarrent"), &QAction::triggered, this,
             [this] { SeeBillWarrant(m_program, m_piece, true); });
-    connect(findChild<QToolButton*>("ImgWare"), &QToolButton::clicked, this, [this] {
-        if (const auto picker = ProductPicker(m_program, m_piece))
-            PickProduct(*picker);
-    });
-    connect(findChild<QToolButton*>("ImgWareAttribute"), &QToolButton::clicked, this, &frmGroupPiece::PickAttribute);
+    for (const auto& [button, box] : {std::pair("ImgWare", "TxtWareName"), {"ImgWareAttribute", "TxtWareAttribute"}})
+        connect(findChild<QToolButton*>(button), &QToolButton::clicked, this, [this, box] { PickFor(box); });
 }
 
 void frmGroupPiece::ShowBill()
@@ -162,6 +157,19 @@ void frmGroupPiece::EnterInHead(const QString& control)
         BillWindow::EnterInHead(control);
 }
 
+bool frmGroupPiece::PickFor(const QString& control)
+{
+    if (control == u"TxtWareAttribute") {
+        PickAttribute();
+    } else if (control == u"TxtWareName") {
+        if (const auto picker = ProductPicker(m_program, m_piece))
+            PickProduct(*picker);
+    } else {
+        return BillWindow::PickFor(control);
+    }
+    return true;
+}
+
 void frmGroupPiece::EnterProduct()
 {
     const bool isTyped = !m_piece.TxtWareName.trimmed().isEmpty();
@@ -170,7 +178,7 @@ void frmGroupPiece::EnterProduct()
     if (picker)
         PickProduct(*picker);
     else if (!isTyped || !m_piece.TxtWareName.isEmpty())
-        focusNextChild();
+        FocusNextBox();
 }
 
 void frmGroupPiece::PickProduct(const PickerNeeded& picker)
@@ -181,7 +189,7 @@ void frmGroupPiece::PickProduct(const PickerNeeded& picker)
         return;
     ChooseProduct(m_program, m_piece, picked->Code);
     ShowBill();
-    focusNextChild();
+    FocusNextBox();
 }
 
 void frmGroupPiece::PickAttribute()
@@ -195,7 +203,7 @@ void frmGroupPiece::PickAttribute()
         return;
     m_piece.TxtWareAttribute = AttributeCell(m_program, picked->Code);
     ShowBill();
-    focusNextChild();
+    FocusNextBox();
 }
 
 void frmGroupPiece::CallInPattern()

@@ -26,6 +26,7 @@ protected:
     void ShowBill() override;
     void FocusFirstField() override;
     void EnterInHead(const QString& control) override;
+    bool PickFor(const QString& control) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -2,13 +2,14 @@
 
 #include "assembly/assembly_recall.h"
 #include "assembly/frmReadGroupPieceQuery.h"
-#include "bills/toolbar_icons.h"
+#include "bills/bill_widgets.h"
 #include "dialogs/frmCode.h"
 
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QToolButton>
 
 frmReadGroupPiece::frmReadGroupPiece(Program& program, GroupPieceText& bill, QWidget* parent)
@@ -23,12 +24,12 @@ frmReadGroupPiece::frmReadGroupPiece(Program& program, GroupPieceText& bill, QWi
     m_wareCode = AddBox(*grid, 1, "TxtWareCode", "商品编号");
     m_wareName = AddBox(*grid, 2, "TxtWareName", "商品名称");
     m_wareCode->setText(bill.TxtWareCode.trimmed());
-    auto* const pick = new QToolButton;
-    pick->setObjectName("ImgWare");
-    pick->setIcon(ToolbarIcon(u"Img"));
-    pick->setAutoRaise(true);
-    pick->setFocusPolicy(Qt::NoFocus);
+    QToolButton* const pick = NewPickButton("ImgWare");
+    NamePickButton(*pick, "商品");
     connect(pick, &QToolButton::clicked, this, &frmReadGroupPiece::PickWare);
+    for (QLineEdit* const box : {m_wareCode, m_wareName})
+        connect(new QShortcut(Qt::Key_F4, box, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
+                &frmReadGroupPiece::PickWare);
     grid->addWidget(pick, 1, 2);
     grid->addWidget(NewButton("CmdWare", "调入最近一单(&W)", &frmReadGroupPiece::Latest), 1, 3);
     grid->addWidget(NewButton("CmdQuery", "历史单据(&Q)...", &frmReadGroupPiece::OpenList), 2, 3);

@@ -98,9 +98,15 @@ std::optional<PickerNeeded> LookUpProduct(Program& program, GroupPieceText& bill
         FillTxtWareName(program, bill, query);
         return {};
     }
-    bill.TxtWareName.clear();
+    const QString typed = std::exchange(bill.TxtWareName, {});
     bill.TxtWareCode.clear();
-    return ProductPicker(program, bill);
+    auto picker = ProductPicker(program, bill);
+    if (picker) {
+        picker->query = {};
+        picker->typed = typed;
+        picker->note = "没有编号或名称以“" + typed + "”开头的商品，请选择。";
+    }
+    return picker;
 }
 
 std::optional<PickerNeeded> ProductPicker(Program& program, const GroupPieceText& bill)

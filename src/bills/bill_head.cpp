@@ -3,14 +3,16 @@
 #include "bills/bill_widgets.h"
 #include "bills/bill_window.h"
 #include "bills/date_box.h"
+#include "bills/grid_view.h"
 #include "bills/lifecycle.h"
 #include "bills/paste.h"
 
-#include <QAbstractButton>
+#include <QApplication>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QToolButton>
 
 QLineEdit* BillWindow::MakeBox(const char* control, QString& text, bool isTyped)
 {
@@ -74,7 +76,7 @@ void BillWindow::PickForHead(const HeadPicker& field, const PickerNeeded& picker
         return;
     field.choose(m_bill, picked->Code, picked->Name);
     ShowBill();
-    focusNextChild();
+    FocusNextBox();
 }
 
 void BillWindow::EnterInHead(const QString& control)
@@ -85,16 +87,49 @@ void BillWindow::EnterInHead(const QString& control)
     if (picker)
         PickForHead(*field, *picker);
     else
+        FocusNextBox();
+}
+
+void BillWindow::FocusNextBox()
+{
+    do
         focusNextChild();
+    while (qobject_cast<QToolButton*>(focusWidget()));
 }
 
 void BillWindow::ConnectPickers(QWidget* head)
 {
     for (const HeadPicker& field : HeadPickers()) {
-        if (auto* const button = head->findChild<QAbstractButton*>(field.button))
-            connect(button, &QAbstractButton::clicked, this,
-                    [this, &field] { PickForHead(field, field.picker(m_bill)); });
+        if (auto* const button = head->findChild<QToolButton*>(field.button))
+            connect(button, &QToolButton::clicked, this, [this, &field] { PickFor(field.box); });
     }
+    for (QToolButton* const button : head->findChildren<QToolButton*>())
+        button->installEventFilter(this);
+}
+
+bool BillWindow::PickFor(const QString& control)
+{
+    const HeadPicker* const field = FindHeadPicker(control);
+    if (field)
+        PickForHead(*field, field->picker(m_bill));
+    return field;
+}
+
+/// The choice that the field under the cursor has.
+void BillWindow::PickHere()
+{
+    QWidget* const field = focusWidget();
+    if (!field)
+        return;
+    const bool isInGrid = field == m_grid || m_grid->isAncestorOf(field);
+    if (isInGrid ? m_editors->Pick() : PickFor(field->objectName()))
+        return;
+    if (auto* const list = qobject_cast<QComboBox*>(field))
+        list->showPopup();
+    else if (field == m_date)
+        m_date->OpenCalendar();
+    else
+        QApplication::beep();
 }
 
 bool BillWindow::eventFilter(QObject* watched, QEvent* event)
@@ -106,6 +141,9 @@ bool BillWindow::eventFilter(QObject* watched, QEvent* event)
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key != Qt::Key_Return && key != Qt::Key_Enter)
         return false;
-    EnterInHead(watched->objectName());
+    if (auto* const button = qobject_cast<QToolButton*>(watched))
+        button->click();
+    else
+        EnterInHead(watched->objectName());
     return true;
 }

@@ -24,6 +24,24 @@ constexpr Entry kPrintFormats[] = {
     {"Excel_TXM_T", "Excel格式(图形条形码)"},
 };
 
+constexpr auto kEdit = "MEdit";
+constexpr auto kBill = "MBill";
+constexpr auto kHelp = "MHelp";
+constexpr Entry kBars[] = {{kEdit, "编辑(&E)"}, {kBill, "单据(&B)"}};
+
+/// What is no command of a menu.
+const KeyLine kTypingKeys[] = {
+    {"Enter", "单头：按编号或名称取出并进入下一栏；明细：确认并进入下一格"},
+    {"Tab  Shift+Tab", "下一栏、上一栏"},
+    {"F2", "修改当前格；直接键入则重新录入"},
+    {"↑ ↓ ← →", "换格；商品列表打开时在列表中选择"},
+    {"Esc", "离开当前格或关闭窗口中的列表"},
+    {"Ctrl+V", "从电子表格粘贴多行"},
+    {"日期栏", "可输入 20231115、231115、1115、15、+1、-1；↑ ↓ 增减光标处的年、月、日"},
+    {"Alt+↓", "打开日历或下拉列表"},
+    {"Alt+字母", "打开菜单"},
+};
+
 /// Menus whose entries are the templates of the account set.
 constexpr const char* kTemplateMenus[] = {"FIntoExcel", "MPDirect_Excel_D", "MPPreview_Excel_D"};
 
@@ -48,18 +66,21 @@ QAction* AddEntry(QMainWindow& window, QMenu* menu, const QString& name, const Q
     return action;
 }
 
-/// An entry with the name of a template; an "&" in it marks no key.
-void AddTemplate(QMainWindow& window, QMenu* menu, const QString& name, const QString& templateName)
+/// An entry with the name of a template; an "&" in it marks no key. It goes when its menu is filled anew.
+void AddTemplate(QMenu* menu, const QString& name, const QString& templateName)
 {
-    AddEntry(window, menu, name, QString(templateName).replace("&", "&&"))->setData(templateName);
+    QAction* const entry = menu->addAction(QString(templateName).replace("&", "&&"));
+    entry->setObjectName(name);
+    entry->setData(templateName);
 }
 
-void AddKeyEntry(QMainWindow& window, QMenu* menu, const BillKey& key)
+/// An entry of its own for a key, in front of another one; null for the end.
+void AddKeyEntry(QMainWindow& window, QMenu* menu, const BillKey& key, QAction* before = nullptr)
 {
     // The key itself belongs to the toolbar's action: here it is only said.
     QAction* const entry = NewAction(window, key.menuEntry, QString(key.tip) + "\t" + key.shortcut);
     QObject::connect(entry, &QAction::triggered, window.findChild<QAction*>(key.control), &QAction::trigger);
-    menu->addAction(entry);
+    menu->insertAction(before, entry);
 }
 
 /// @param before  the key in front of which it stands; null for the end
@@ -84,6 +105,37 @@ void AddPrintFormats(QMainWindow& window, QMenu* menu, const QString& prefix)
         AddEntry(window, menu, prefix + format.name, format.caption);
 }
 
+void AddMenuKeys(QMainWindow& window, QMenu* menu)
+{
+    if (!menu->isEmpty())
+        menu->addSeparator();
+    for (const MenuKey& command : MenuKeys())
+        if (QLatin1String(command.menu) == menu->objectName())
+            AddEntry(window, menu, command.name, command.caption)->setShortcut(QKeySequence(command.shortcut));
+}
+
+/// The keys that stand in a menu themselves, in groups as on the toolbar, and then what is no key.
+void MakeKeyMenu(QMainWindow& window, const Entry& bar)
+{
+    QMenu* const menu = window.menuBar()->addMenu(bar.caption);
+    menu->setObjectName(bar.name);
+    for (const BillKey& key : BillKeys()) {
+        if (QLatin1String(key.menu) != QLatin1String(bar.name))
+            continue;
+        if (key.opensGroup && !menu->isEmpty())
+            menu->addSeparator();
+        menu->addAction(window.findChild<QAction*>(key.control));
+    }
+    AddMenuKeys(window, menu);
+}
+
+void MakeHelpMenu(QMainWindow& window)
+{
+    QMenu* const help = window.menuBar()->addMenu("帮助(&H)");
+    help->setObjectName(kHelp);
+    AddMenuKeys(window, help);
+}
+
 void MakePrintMenu(QMainWindow& window)
 {
     QMenu* const print = window.menuBar()->addMenu("打印(&P)");
@@ -98,6 +150,7 @@ void MakePrintMenu(QMainWindow& window)
     auto* const button = window.findChild<QToolButton*>("ToolPrint");
     button->setMenu(print);
     button->setPopupMode(QToolButton::InstantPopup);
+    QObject::connect(window.findChild<QAction*>("ToolPrint"), &QAction::triggered, button, &QToolButton::showMenu);
 }
 
 } // namespace
@@ -106,23 +159,32 @@ const std::vector<BillKey>& BillKeys()
 {
     using C = BillCommands;
     static const std::vector<BillKey> keys = {
-        {"ToolBuild", "新建", "新建", "Ctrl+N", "FBuild", {}, &C::build, false},
-        {"ToolSave", "保存", "保存", "Ctrl+S", "FSave", Command::Save, nullptr, false},
-        {"ToolAuditing", "审核", "审核", "F7", nullptr, Command::Audit, &C::audit, true},
-        {"ToolUnAuditing", "反审核", "反审核", "F8", nullptr, Command::UnAudit, &C::unAudit, false},
-        {"ToolDelete", "删除", "删除单据", "F12", "FDelete", Command::Delete, &C::remove, true},
-        {"ToolInsertRow", "插入行", "插入行", "Ctrl+Ins", nullptr, Command::InsertRow, &C::insertRow, true},
-        {"ToolDeleteRow", "删除行", "删除行", "Ctrl+Del", nullptr, Command::DeleteRow, &C::deleteRow, false},
-        {"ToolRedWord", "作废", "作废", "F9", nullptr, Command::Void, &C::redWord, true},
-        {"ToolPrint", "打印", "打印", "", nullptr, Command::Print, nullptr, true},
-        {"ToolIn", "导入", "导入", "Ctrl+I", nullptr, Command::Import, nullptr, true},
-        {"ToolPos", "扫描", "扫描", "F6", nullptr, Command::Scan, nullptr, false},
-        {"ToolImg", "图文", "图文", "F11", nullptr, {}, nullptr, false},
-        {"ToolBefore", "前单", "前单", "Ctrl+PgUp", nullptr, {}, &C::before, true},
-        {"ToolBack", "后单", "后单", "Ctrl+PgDown", nullptr, {}, &C::back, false},
-        {"ToolExit", "退出", "退出", "Ctrl+Q", "FExit", {}, nullptr, true},
+        {"ToolBuild", "新建", "新建", "Ctrl+N", nullptr, "FBuild", {}, &C::build, false},
+        {"ToolSave", "保存", "保存", "Ctrl+S", nullptr, "FSave", Command::Save, nullptr, false},
+        {"ToolAuditing", "审核", "审核", "F7", kBill, nullptr, Command::Audit, &C::audit, true},
+        {"ToolUnAuditing", "反审核", "反审核", "F8", kBill, nullptr, Command::UnAudit, &C::unAudit, false},
+        {"ToolDelete", "删除", "删除单据", "F12", nullptr, "FDelete", Command::Delete, &C::remove, true},
+        {"ToolInsertRow", "插入行", "插入行", "Ctrl+Ins", kEdit, nullptr, Command::InsertRow, &C::insertRow, true},
+        {"ToolDeleteRow", "删除行", "删除行", "Ctrl+Del", kEdit, nullptr, Command::DeleteRow, &C::deleteRow, false},
+        {"ToolRedWord", "作废", "作废", "F9", kBill, nullptr, Command::Void, &C::redWord, true},
+        {"ToolPrint", "打印", "打印", "Ctrl+P", nullptr, nullptr, Command::Print, nullptr, true},
+        {"ToolIn", "导入", "导入", "Ctrl+I", kEdit, nullptr, Command::Import, nullptr, true},
+        {"ToolPos", "扫描", "扫描", "F6", kEdit, nullptr, Command::Scan, nullptr, false},
+        {"ToolImg", "图文", "图文", "F11", kBill, nullptr, {}, nullptr, false},
+        {"ToolBefore", "前单", "前单", "Ctrl+PgUp", kBill, nullptr, {}, &C::before, true},
+        {"ToolBack", "后单", "后单", "Ctrl+PgDown", kBill, nullptr, {}, &C::back, false},
+        {"ToolExit", "退出", "退出", "Ctrl+Q", nullptr, "FExit", {}, nullptr, true},
     };
     return keys;
+}
+
+const std::vector<MenuKey>& MenuKeys()
+{
+    static const std::vector<MenuKey> commands = {
+        {"FPick", "选取当前栏", "F4", kEdit},
+        {"FKeys", "窗口按键", "F1", kHelp},
+    };
+    return commands;
 }
 
 void MakeBillToolbar(QMainWindow& window)
@@ -143,7 +205,11 @@ void MakeBillToolbar(QMainWindow& window)
 
 QAction* InsertBillKey(QMainWindow& window, const BillKey& key, const char* before)
 {
-    return AddKey(window, *window.findChild<QToolBar*>("Toolbar1"), key, window.findChild<QAction*>(before));
+    QAction* const action =
+        AddKey(window, *window.findChild<QToolBar*>("Toolbar1"), key, window.findChild<QAction*>(before));
+    if (key.menuEntry)
+        AddKeyEntry(window, window.findChild<QMenu*>("File"), key, window.findChild<QAction*>("FJXCAccount"));
+    return action;
 }
 
 QAction* InsertFileEntry(QMainWindow& window, const char* name, const QString& caption)
@@ -151,6 +217,19 @@ QAction* InsertFileEntry(QMainWindow& window, const char* name, const QString& c
     QAction* const entry = NewAction(window, name, caption);
     window.findChild<QMenu*>("File")->insertAction(window.findChild<QAction*>("FJXCAccount"), entry);
     return entry;
+}
+
+std::vector<KeyLine> KeysOf(const QMainWindow& window)
+{
+    QList<QAction*> commands = window.findChild<QToolBar*>("Toolbar1")->actions();
+    for (const MenuKey& command : MenuKeys())
+        commands += window.findChild<QAction*>(command.name);
+    std::vector<KeyLine> lines;
+    for (const QAction* const command : commands)
+        if (!command->shortcut().isEmpty())
+            lines.push_back({command->shortcut().toString(), command->iconText()});
+    lines.insert(lines.end(), std::begin(kTypingKeys), std::end(kTypingKeys));
+    return lines;
 }
 
 void MakeBillMenus(QMainWindow& window)
@@ -175,7 +254,10 @@ void MakeBillMenus(QMainWindow& window)
     AddMenu(toExcel, "FIntoExcel", "设置的格式");
     file->addSeparator();
     AddKeyEntry(window, file, keys.back());
+    for (const Entry& bar : kBars)
+        MakeKeyMenu(window, bar);
     MakePrintMenu(window);
+    MakeHelpMenu(window);
     FillTemplateMenus(window, {});
 }
 
@@ -186,6 +268,6 @@ void FillTemplateMenus(QMainWindow& window, const QStringList& names)
         auto* const menu = window.findChild<QMenu*>(menuName);
         menu->clear();
         for (const QString& caption : captions)
-            AddTemplate(window, menu, QString(menuName) + "_Inf", caption);
+            AddTemplate(menu, QString(menuName) + "_Inf", caption);
     }
 }

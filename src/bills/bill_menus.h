@@ -8,6 +8,8 @@
 #include "bills/line_entry.h"
 #include "bills/posting.h"
 
+#include "dialogs/frmKeys.h"
+
 #include <optional>
 
 class QAction;
@@ -34,28 +36,42 @@ struct BillCommands
     Rule back = NextBill;
 };
 
-/// A key of the toolbar, and the menu entry of the same command.
+/// A key of the toolbar, and where its command stands in the menus.
 struct BillKey
 {
     const char* control;
     const char* caption;
     const char* tip;
     const char* shortcut;
-    const char* menuEntry;                  // null for none
+    const char* menu;                       // that the key itself stands in; null for none
+    const char* menuEntry;                  // of its own in the menu File; null for none
     std::optional<Command> command;         // that locks it; unset for one that is never locked
     BillCommands::Rule BillCommands::*rule; // null where the window does more than run a rule
     bool opensGroup;
 };
 const std::vector<BillKey>& BillKeys();
 
+/// A command without a key on the toolbar.
+struct MenuKey
+{
+    const char* name;
+    const char* caption;
+    const char* shortcut;
+    const char* menu;
+};
+const std::vector<MenuKey>& MenuKeys();
+
 /// Toolbar1 with all keys as actions of the window, each bearing its key's name.
 void MakeBillToolbar(QMainWindow& window);
-/// The menus File and MPrint; an entry of a key's command triggers the key. Every entry bears its name.
+/// The menus File, MEdit, MBill, MPrint and MHelp, in which every command stands with its keys. Every entry bears its
+/// name.
 void MakeBillMenus(QMainWindow& window);
 /// A key that only one window has, in front of another one; nothing hangs on it yet.
 QAction* InsertBillKey(QMainWindow& window, const BillKey& key, const char* before);
 /// An entry of the menu File that only one window has; nothing hangs on it yet.
 QAction* InsertFileEntry(QMainWindow& window, const char* name, const QString& caption);
+/// The keys of a window and what they do: its commands, then those of typing.
+std::vector<KeyLine> KeysOf(const QMainWindow& window);
 /// The names of Excel templates in the three menus that list them, each entry with its name as data; a placeholder for
 /// none.
 void FillTemplateMenus(QMainWindow& window, const QStringList& names);

@@ -72,14 +72,37 @@ QWidget* MakeCell(QLabel* caption, QWidget* editor, const char* buttonName)
     editor->setMinimumHeight(editor->fontMetrics().height() + kBoxRoom);
     if (!buttonName)
         return cell;
-    auto* const button = new QToolButton;
-    button->setObjectName(buttonName);
-    button->setIcon(ToolbarIcon(u"Img"));
-    button->setFocusPolicy(Qt::NoFocus);
-    button->setAutoRaise(true);
+    QToolButton* const button = NewPickButton(buttonName);
     button->setFixedSize(editor->minimumHeight(), editor->minimumHeight());
     layout->addWidget(button);
     return cell;
+}
+
+QToolButton* NewPickButton(const char* name)
+{
+    auto* const button = new QToolButton;
+    button->setObjectName(name);
+    button->setIcon(ToolbarIcon(u"Img"));
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAutoRaise(true);
+    NamePickButton(*button, {});
+    return button;
+}
+
+void NamePickButton(QToolButton& button, const QString& field)
+{
+    const QString name = "选择" + field.simplified().remove(' ');
+    if (button.accessibleName() == name)
+        return;
+    button.setAccessibleName(name);
+    button.setToolTip(name + " (F4)");
+}
+
+void NamePickButtons(const QWidget& head)
+{
+    for (const QLabel* const caption : head.findChildren<QLabel*>())
+        if (auto* const button = caption->parentWidget()->findChild<QToolButton*>({}, Qt::FindDirectChildrenOnly))
+            NamePickButton(*button, caption->text());
 }
 
 bool LeavesWindow(const QFocusEvent& focus)

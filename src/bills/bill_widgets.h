@@ -8,6 +8,7 @@
 
 class QComboBox;
 class QFocusEvent;
+class QToolButton;
 
 /// A label with a name.
 QLabel* NewLabel(const char* name, const QString& text);
@@ -15,6 +16,12 @@ QLabel* NewLabel(const char* name, const QString& text);
 QComboBox* NewChoice(const char* name);
 /// A caption and its editor side by side. With the name of a button, one to pick from stands behind the editor.
 QWidget* MakeCell(QLabel* caption, QWidget* editor, const char* buttonName = nullptr);
+/// A button that opens a picker. It is reached by the tab key.
+QToolButton* NewPickButton(const char* name);
+/// Says which field it is for, in its tip and to a screen reader.
+void NamePickButton(QToolButton& button, const QString& field);
+/// The same for all buttons of a head, by the captions in their cells.
+void NamePickButtons(const QWidget& head);
 
 /// The user has left the window, not the box.
 bool LeavesWindow(const QFocusEvent& focus);

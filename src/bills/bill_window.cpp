@@ -20,6 +20,7 @@
 #include <QIntValidator>
 #include <QLineEdit>
 #include <QMenu>
+#include <QStatusBar>
 #include <QVBoxLayout>
 
 namespace {
@@ -69,6 +70,7 @@ void BillWindow::Build(QWidget* head)
 {
     MakeBillToolbar(*this);
     MakeBillMenus(*this);
+    statusBar()->setSizeGripEnabled(false);
     auto* const body = new QWidget;
     auto* const layout = new QVBoxLayout(body);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -115,6 +117,8 @@ void BillWindow::ConnectOwnCommands()
         void (BillWindow::*run)();
     };
     constexpr OwnCommand kOwn[] = {
+        {"FPick", &BillWindow::PickHere},
+        {"FKeys", &BillWindow::ShowKeys},
         {"ToolSave", &BillWindow::Save},
         {"ToolIn", &BillWindow::OpenImport},
         {"ToolPos", &BillWindow::Scan},
@@ -235,6 +239,7 @@ void BillWindow::ShowBill()
     m_date->SetDate(m_bill.DTPDate);
     for (const Binding& binding : m_bindings)
         ShowText(binding.widget, *binding.text);
+    NamePickButtons(*centralWidget());
     m_grid->SetLocked(!m_bill.entryEnabled);
     RestoreWidths();
     m_grid->Sync();
@@ -313,11 +318,18 @@ void BillWindow::Save()
         m_editors->ShowCellEditor();
 }
 
+void BillWindow::ShowKeys()
+{
+    frmKeys(KeysOf(*this), this).exec();
+}
+
 std::optional<PickedRow> BillWindow::OpenPicker(const PickerNeeded& picker)
 {
+    statusBar()->showMessage(picker.note);
     if (FindPickerList(picker.table))
-        return frmCode::Pick(m_program, picker.table, picker.query, picker.title, this);
-    return frmWarehouseSelect::Pick(m_program, picker.table, {.codes = picker.query}, picker.title, this);
+        return frmCode::Pick(m_program, picker.table, picker.query, picker.title, this, picker.typed);
+    return frmWarehouseSelect::Pick(m_program, picker.table, {.codes = picker.query, .typed = picker.typed},
+                                    picker.title, this);
 }
 
 /// A good or an attribute for the current line; the clerk then stands where entering goes on.

@@ -58,6 +58,10 @@ protected:
     std::optional<PickedRow> OpenPicker(const PickerNeeded& picker);
     /// Enter in a box of the head: a beginning becomes the warehouse or the person, and the focus goes on.
     virtual void EnterInHead(const QString& control);
+    /// Opens the picker of a box of the head. False for a box without one.
+    virtual bool PickFor(const QString& control);
+    /// What Enter in a box leads to: the next one, past the button beside it.
+    void FocusNextBox();
     /// The buttons beside the boxes of a head open its pickers.
     void ConnectPickers(QWidget* head);
     GridView& grid() { return *m_grid; }
@@ -93,6 +97,8 @@ private:
     void ConnectOwnCommands();
     void PickForHead(const HeadPicker& field, const PickerNeeded& picker);
     void PickForLine(const PickerNeeded& picker);
+    void PickHere();
+    void ShowKeys();
     void Run(BillCommands::Rule rule);
     void Save();
     void OpenImport();

@@ -318,6 +318,17 @@ void CellEditors::TypeFromGrid(QKeyEvent* key)
         QApplication::beep();
 }
 
+bool CellEditors::Pick()
+{
+    if (m_text->isHidden() && m_units->isHidden())
+        ShowCellEditor(); // of an attribute this is its picker
+    const CellEditor editor = EditorOfCell(m_bill);
+    if (editor == CellEditor::Unit)
+        m_units->showPopup();
+    return editor == CellEditor::Unit || editor == CellEditor::Attribute ||
+           (editor == CellEditor::Text && AskForGood());
+}
+
 /// Double click: the goods that the text may mean.
 bool CellEditors::AskForGood()
 {

@@ -25,6 +25,8 @@ public:
     /// Opens the editor of the current cell, if it has one.
     void ShowCellEditor();
     void Hide();
+    /// Opens what the current cell is chosen from: the goods, the attributes or the list of units. False without one.
+    bool Pick();
 
 signals:
     /// The bill's text has changed.

@@ -25,9 +25,14 @@ bool IsMeant(const BillText& bill, const Recordset& found)
     return bill.kind->lines == LineShape::Pieces ? !found.isEmpty() : found.size() == 1;
 }
 
-bool NeedsPicker(const BillText& bill, bool isMeant)
+/// A picker that opens because Enter could not tell what a text means.
+PickerNeeded Narrowed(PickerNeeded picker, const QString& typed, const QString& what, const Recordset& found)
 {
-    return !isMeant && bill.kind->lines != LineShape::Pieces;
+    const QString begun = "编号或名称以“" + typed + "”开头的" + what;
+    picker.query = {};
+    picker.typed = typed;
+    picker.note = found.isEmpty() ? "没有" + begun + "，请选择。" : begun + "不止一个，请选择。";
+    return picker;
 }
 
 /// The rows whose code or name begins with a text.
@@ -136,25 +141,27 @@ std::optional<PickerNeeded> LookUpWarehouse(Program& program, BillText& bill, Wa
     const WarehouseBoxes boxes = BoxesOf(field);
     if ((bill.*boxes.name).trimmed().isEmpty())
         return {};
-    const Recordset found = FindByBeginning(program, "select Code,Name from TabWarehouseType ", bill.*boxes.name);
+    const QString typed = bill.*boxes.name;
+    const Recordset found = FindByBeginning(program, "select Code,Name from TabWarehouseType ", typed);
     const bool isMeant = IsMeant(bill, found);
     bill.*boxes.code = isMeant ? found.Text("Code") : QString();
     bill.*boxes.name = isMeant ? found.Text("Name") : QString();
-    if (!NeedsPicker(bill, isMeant))
+    if (isMeant)
         return {};
-    return WarehousePicker(bill, field);
+    return Narrowed(WarehousePicker(bill, field), typed, "仓库", found);
 }
 
 std::optional<PickerNeeded> LookUpStaff(Program& program, BillText& bill)
 {
     if (bill.TxtSaleMan.trimmed().isEmpty())
         return {};
-    const Recordset found = FindByBeginning(program, "select Code,Name from TabStuff ", bill.TxtSaleMan);
+    const QString typed = bill.TxtSaleMan;
+    const Recordset found = FindByBeginning(program, "select Code,Name from TabStuff ", typed);
     const bool isMeant = IsMeant(bill, found);
     bill.TxtSaleMan = isMeant ? found.Text("Name") : QString();
-    if (!NeedsPicker(bill, isMeant))
+    if (isMeant)
         return {};
-    return StaffPicker();
+    return Narrowed(StaffPicker(), typed, "人员", found);
 }
 
 PickerNeeded WarehousePicker(const BillText& bill, WarehouseField field)

@@ -41,8 +41,8 @@ enum class WarehouseField
 };
 
 /// Enter in a warehouse box: the only warehouse whose code or name begins with the text fills code and name; otherwise
-/// both are emptied and the picker is needed. Unset also for an empty box. An assembly takes the first that fits, and
-/// needs no picker for none.
+/// both are emptied and the picker is needed, narrowed to the text. Unset also for an empty box. An assembly takes the
+/// first that fits.
 std::optional<PickerNeeded> LookUpWarehouse(Program& program, BillText& bill, WarehouseField field);
 /// Enter in the staff box, the same by code or name.
 std::optional<PickerNeeded> LookUpStaff(Program& program, BillText& bill);

@@ -198,7 +198,7 @@ std::optional<PickerNeeded> GoodsPicker(Program& program, const BillText& bill, 
         query += Sql("  where TabWare.Code like ") + begins + "  ";
     else if (!text.isEmpty())
         query += Sql("  where (TabWare.Name like ") + begins + "    or TabWare.ZJF like " + begins + " ) ";
-    return PickerNeeded{"TabWare", "选择商品", query + " order by TabWare.code "};
+    return PickerNeeded{"TabWare", "选择商品", query + " order by TabWare.code ", text};
 }
 
 void ChooseGood(Program& program, BillText& bill, const QString& code)
@@ -210,7 +210,10 @@ std::optional<PickerNeeded> Txt2ToMSH(Program& program, BillText& bill, const QS
 {
     if (CommitCell(program, bill, text, query))
         return {};
-    return GoodsPicker(program, bill, text);
+    auto picker = GoodsPicker(program, bill, text);
+    if (picker && !text.isEmpty())
+        picker->note = "没有编号、名称或助记符为“" + text + "”的商品，请选择。";
+    return picker;
 }
 
 void ChooseUnit(Program& program, BillText& bill, const QString& unit)

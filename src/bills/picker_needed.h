@@ -11,5 +11,7 @@ struct PickerNeeded
 {
     const char* table; // TabWare and TabStuff are picked in frmCode, TabWarehouseType and TabAttribute in the tree
     QString title;
-    Sql query; // of a list the rows shown first; of a tree its condition (" where ..."), empty for all
+    Sql query;          // of a list the rows shown first; of a tree its condition (" where ..."), empty for all
+    QString typed = {}; // that the picker is narrowed to; empty for nothing
+    QString note = {};  // why it opens, for the status line
 };

@@ -24,7 +24,7 @@ bool IsEnter(int key)
 } // namespace
 
 frmCode::frmCode(Program& program, const PickerList& list, const Sql& firstRows, const QString& caption,
-                 QWidget* parent)
+                 QWidget* parent, const QString& typed)
     : QDialog(parent), m_program(program), m_list(list), m_types(list.treeTitle), m_rows(program, list.columns)
 {
     setObjectName("frmCode");
@@ -45,15 +45,17 @@ frmCode::frmCode(Program& program, const PickerList& list, const Sql& firstRows,
     m_tree->expandToDepth(0);
     ShowRows(firstRows.isEmpty() ? RowsOfNode(m_list, QString()) : firstRows);
     m_filters.front()->setFocus();
+    if (!typed.isEmpty() && (firstRows.isEmpty() || m_rows.size() == 0))
+        ShowTyped(typed);
 }
 
 std::optional<PickedRow> frmCode::Pick(Program& program, const QString& table, const Sql& firstRows,
-                                       const QString& caption, QWidget* parent)
+                                       const QString& caption, QWidget* parent, const QString& typed)
 {
     const PickerList* const list = FindPickerList(table);
     if (!list)
         return std::nullopt;
-    frmCode window(program, *list, firstRows, caption, parent);
+    frmCode window(program, *list, firstRows, caption, parent, typed);
     window.exec();
     return window.picked();
 }
@@ -155,6 +157,21 @@ void frmCode::ShowRows(const Sql& rows)
     m_shown = rows;
     m_rows.Open(rows, OrderOf(m_list));
     m_table->scrollToTop();
+}
+
+/// By the first filter that leaves a row; all rows where none does.
+void frmCode::ShowTyped(const QString& text)
+{
+    for (size_t filter = 0; filter < m_filters.size(); ++filter) {
+        ShowRows(RowsFiltered(m_list, static_cast<ListFilter>(filter), text));
+        if (m_rows.size() == 0)
+            continue;
+        m_filters[filter]->setText(text);
+        m_filters[filter]->setFocus();
+        m_filters[filter]->selectAll();
+        return;
+    }
+    ShowRows(RowsOfNode(m_list, QString()));
 }
 
 /// One box at a time: the others no longer say what the list shows.

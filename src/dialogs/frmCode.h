@@ -19,12 +19,14 @@ class frmCode : public QDialog
 public:
     /// @param firstRows  the list to open with, a select of the same columns; empty for all rows
     /// @param caption  of the window; empty for the table's own
-    frmCode(Program& program, const PickerList& list, const Sql& firstRows, const QString& caption, QWidget* parent);
+    /// @param typed  a text that the list is narrowed to where `firstRows` has not done so and any row fits it
+    frmCode(Program& program, const PickerList& list, const Sql& firstRows, const QString& caption, QWidget* parent,
+            const QString& typed = {});
 
     /// Opens it over `parent` until a record is chosen or the window left. Unset when left, or for a table that is no
     /// list.
     static std::optional<PickedRow> Pick(Program& program, const QString& table, const Sql& firstRows,
-                                         const QString& caption, QWidget* parent);
+                                         const QString& caption, QWidget* parent, const QString& typed = {});
     const std::optional<PickedRow>& picked() const { return m_picked; }
 
 protected:
@@ -38,6 +40,7 @@ private:
 
     void ShowNode(const QModelIndex& node);
     void ShowRows(const Sql& rows);
+    void ShowTyped(const QString& text);
     void Filter(ListFilter filter, const QString& text);
     void CopySelection();
     void GoToList();

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
@@ -17,7 +18,8 @@ frmWarehouseSelect::frmWarehouseSelect(Program& program, const PickerTree& tree,
       m_tree(tree),
       m_limit(limit),
       m_nodes(tree.topTitle),
-      m_view(new QTreeView(this))
+      m_view(new QTreeView(this)),
+      m_filter(new QLineEdit)
 {
     setObjectName("frmWarehouseSelect");
     setWindowTitle(tree.caption);
@@ -31,10 +33,14 @@ frmWarehouseSelect::frmWarehouseSelect(Program& program, const PickerTree& tree,
     layout->addWidget(bar);
     if (!field.isEmpty() && field != tree.caption)
         layout->addWidget(new QLabel("选择：" + field));
+    layout->addLayout(BuildFilter());
     layout->addWidget(m_view, 1);
     layout->addWidget(new QLabel("提示：按上下方向键移动，按回车键或双击选取，按 Esc 键退出"));
     resize(fontMetrics().averageCharWidth() * 70, fontMetrics().height() * 28);
-    Refresh();
+    Narrow(limit.typed);
+    if (m_nodes.rowCount(m_nodes.top()) == 0)
+        Narrow({}); // nothing to choose would be left
+    m_filter->setText(m_limit.typed);
     m_view->setFocus();
 }
 
@@ -87,6 +93,28 @@ void frmWarehouseSelect::BuildTree()
     connect(m_view, &QTreeView::doubleClicked, this, [this] { Select(); });
 }
 
+QLayout* frmWarehouseSelect::BuildFilter()
+{
+    m_filter->setObjectName("TxtFilter");
+    m_filter->installEventFilter(this);
+    connect(m_filter, &QLineEdit::textEdited, this, &frmWarehouseSelect::Narrow);
+    auto* const caption = new QLabel("编号或名称(&N)");
+    caption->setBuddy(m_filter);
+    auto* const row = new QHBoxLayout;
+    row->addWidget(caption);
+    row->addWidget(m_filter, 1);
+    return row;
+}
+
+/// The first node that fits stands ready to be taken.
+void frmWarehouseSelect::Narrow(const QString& typed)
+{
+    m_limit.typed = typed.trimmed();
+    Refresh();
+    if (!m_limit.typed.isEmpty() && m_nodes.rowCount(m_nodes.top()) > 0)
+        m_view->setCurrentIndex(m_nodes.index(0, 0, m_nodes.top()));
+}
+
 /// Stays on the node that was chosen.
 void frmWarehouseSelect::Refresh()
 {
@@ -113,8 +141,11 @@ bool frmWarehouseSelect::eventFilter(QObject* watched, QEvent* event)
     if (event->type() != QEvent::KeyPress)
         return QDialog::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+    if (key == Qt::Key_Return || key == Qt::Key_Enter)
+        Select();
+    else if (watched == m_filter && (key == Qt::Key_Down || key == Qt::Key_PageDown))
+        m_view->setFocus();
+    else
         return false;
-    Select();
     return true;
 }

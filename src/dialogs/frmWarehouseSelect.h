@@ -7,6 +7,7 @@
 
 #include <QDialog>
 
+class QLineEdit;
 class QMenuBar;
 class QToolBar;
 class QTreeView;
@@ -29,14 +30,17 @@ protected:
 
 private:
     void BuildCommands(QToolBar& bar, QMenuBar& menus);
+    QLayout* BuildFilter();
     void BuildTree();
+    void Narrow(const QString& typed);
     void Refresh();
     void Select();
 
     Program& m_program;
     const PickerTree& m_tree;
-    const TreeLimit m_limit;
+    TreeLimit m_limit;
     CodeTree m_nodes;
     QTreeView* m_view;
+    QLineEdit* m_filter; // TxtFilter
     std::optional<PickedRow> m_picked;
 };

@@ -120,7 +120,11 @@ Sql NodesOf(const PickerTree& tree, const TreeLimit& limit)
     else
         nodes += limit.codes;
     const bool limited = limit.cashAndBank || !limit.codes.isEmpty();
-    return nodes + (limited ? tree.furtherCondition : tree.condition) + " order by Code ";
+    nodes += limited ? tree.furtherCondition : tree.condition;
+    if (!limit.typed.isEmpty())
+        nodes += Sql(limited || *tree.condition != '\0' ? " and (Code like " : " where (Code like ") +
+                 (limit.typed + "%") + " or Name like " + ("%" + limit.typed + "%") + ") ";
+    return nodes + " order by Code ";
 }
 
 std::optional<PickedRow> PickNode(Program& program, const PickerTree& tree, const TreeLimit& limit,

@@ -66,6 +66,7 @@ struct TreeLimit
     Sql codes = {};           // " where Code like .. ", empty for all
     bool cashAndBank = false; // of the account subjects 1001 and 1002 with what is below them
     bool leafOnly = false;    // refuse a code that others name as parent
+    QString typed = {};       // nodes whose code begins with it or whose name holds it; empty for all
 };
 /// The nodes to show.
 Sql NodesOf(const PickerTree& tree, const TreeLimit& limit);

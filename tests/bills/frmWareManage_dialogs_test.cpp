@@ -2,6 +2,9 @@
 
 #include <QHeaderView>
 #include <QListWidget>
+#include <QMenu>
+#include <QStatusBar>
+#include <QTreeWidget>
 
 namespace {
 
@@ -51,6 +54,53 @@ TEST_F(WareManageDialogs, AnAmbiguousHeadIsPickedAndTheFocusGoesOn)
     EXPECT_EQ(Box("TxtSaleMan"), "张四");
     EXPECT_EQ(Focus(), "TxtMemo");
     EXPECT_EQ(dialogs, 4);
+}
+
+TEST_F(WareManageDialogs, AnUnknownTextIsSaidAndTheOneKeyPicksWhateverTheFieldHolds)
+{
+    OpenNew("盘点报溢");
+    InDialog([&](QWidget& dialog) {
+        EXPECT_EQ(dialog.findChild<QLineEdit*>("TxtFilter")->text(), "仓") << "it is in a name";
+        Press({Qt::Key_Return});
+    });
+    TypeAndEnter({"仓"});
+    EXPECT_EQ(window->statusBar()->currentMessage(), "没有编号或名称以“仓”开头的仓库，请选择。");
+    EXPECT_EQ(Box("TxtWarehouseNameS") + Focus(), "主仓TxtSaleMan");
+    InDialog([&](QWidget& dialog) {
+        EXPECT_EQ(dialog.findChild<QLineEdit*>("TxtName")->text(), "四");
+        Press({Qt::Key_Return});
+    });
+    TypeAndEnter({"四"});
+    EXPECT_EQ(Box("TxtSaleMan"), "张四");
+    EXPECT_EQ(Find<QToolButton>("ImgWarehouseS")->accessibleName(), "选择报溢仓库");
+
+    Find<QWidget>("ImgWarehouseS")->setFocus();
+    const std::pair<const char*, const char*> fields[] = {
+        {"TxtSaleMan", "选择业务员"}, {"ImgWarehouseS", "选择仓库"}, {"MSH", "选择商品"}};
+    for (const auto& [field, title] : fields) {
+        InDialog([&](QWidget& dialog) { EXPECT_EQ(dialog.windowTitle(), title); });
+        Find<QWidget>(field)->setFocus();
+        Press({Qt::Key_F4});
+    }
+    EXPECT_EQ(dialogs, 5);
+}
+
+TEST_F(WareManageDialogs, EveryCommandStandsInAMenuWithItsKey)
+{
+    OpenNew("盘点报溢");
+    InDialog([&](QWidget& dialog) {
+        const auto* const keys = dialog.findChild<QTreeWidget*>("ListKeys");
+        for (const char* key : {"Ctrl+S", "F7", "Ctrl+P", "F4", "F2"})
+            EXPECT_FALSE(keys->findItems(key, Qt::MatchExactly).isEmpty()) << key;
+    });
+    Press({Qt::Key_F1});
+    EXPECT_EQ(dialogs, 1);
+    QStringList entries;
+    for (const QMenu* const menu : window->findChildren<QMenu*>())
+        for (const QAction* const entry : menu->actions())
+            entries << entry->objectName();
+    for (const BillKey& key : BillKeys())
+        EXPECT_TRUE(entries.contains(key.menuEntry ? key.menuEntry : key.control) || !key.menu) << key.control;
 }
 
 TEST_F(WareManageDialogs, AnUnknownGoodIsPicked)

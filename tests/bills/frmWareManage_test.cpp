@@ -60,6 +60,8 @@ TEST_F(WareManageTest, AWholeNameIsChosenWithoutEnterAndAPartIsLeftAsTyped)
     write("主仓");
     Press({Qt::Key_Tab});
     EXPECT_EQ(window->bill().TxtWarehouseCodeF, "101");
+    EXPECT_EQ(Focus(), "ImgWarehouseF");
+    Press({Qt::Key_Tab});
     write("分仓");
     ClickCell(1, 1);
     TypeAndEnter({"A001"});
