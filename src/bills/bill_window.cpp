@@ -11,6 +11,7 @@
 #include "data/lookups.h"
 #include "dialogs/frmCode.h"
 #include "dialogs/frmWarehouseSelect.h"
+#include "dialogs/window_place.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -20,6 +21,7 @@
 #include <QIntValidator>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScrollArea>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -27,6 +29,7 @@ namespace {
 
 constexpr int kMargin = 10;
 constexpr int kLeastFixedColumns = 3;
+constexpr int kLeastGridHeight = 9; // lines of text; on a lower screen the window scrolls
 
 void ShowText(QWidget* widget, const QString& text)
 {
@@ -79,11 +82,18 @@ void BillWindow::Build(QWidget* head)
     layout->addWidget(head);
     m_grid = new GridView(m_bill.MSH, body);
     m_grid->setObjectName("MSH");
+    m_grid->setMinimumHeight(fontMetrics().height() * kLeastGridHeight);
     layout->addWidget(m_grid, 1);
     layout->addWidget(MakeFoot());
-    setCentralWidget(body);
+    auto* const area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(body);
+    KeepFocusInSight(*area);
+    setCentralWidget(area);
 
-    m_editors = new CellEditors(m_program, m_bill, *m_grid, body);
+    m_editors = new CellEditors(m_program, m_bill, *m_grid, area);
     connect(m_grid, &GridView::ColumnDrawn, this, [this](int column, int twips) { m_drawn[column] = twips; });
     connect(m_editors, &CellEditors::Changed, this, [this] { ShowBill(); });
     connect(m_editors, &CellEditors::PickerAsked, this, &BillWindow::PickForLine);

@@ -1,6 +1,7 @@
 #include "dialogs/window_memory.h"
 
 #include <QSettings>
+#include <algorithm>
 
 namespace {
 
@@ -23,6 +24,14 @@ QString WidthsKey(const QString& layoutKey)
 }
 
 } // namespace
+
+QRect FittedPlace(const QRect& place, const QRect& room)
+{
+    const QSize size = place.size().boundedTo(room.size());
+    const int x = std::clamp(place.x(), room.x(), room.x() + room.width() - size.width());
+    const int y = std::clamp(place.y(), room.y(), room.y() + room.height() - size.height());
+    return {QPoint(x, y), size};
+}
 
 QByteArray RememberedPlace(const RunParameters& parameters, const QString& window)
 {

@@ -6,7 +6,12 @@
 #include "handover/run_parameters.h"
 
 #include <QByteArray>
+#include <QRect>
 #include <map>
+
+/// A place as near to a wished one as lies wholly on a screen: what is larger is cut to its room, what reaches beyond
+/// an edge moves in.
+QRect FittedPlace(const QRect& place, const QRect& room);
 
 /// Place and size as the window itself writes them; empty for a window that was never closed here.
 QByteArray RememberedPlace(const RunParameters& parameters, const QString& window);

@@ -1,5 +1,7 @@
 #include "frame/application.h"
 
+#include "dialogs/window_place.h"
+
 #include <QAction>
 #include <QKeyEvent>
 #include <QLibraryInfo>
@@ -38,6 +40,8 @@ bool Application::notify(QObject* receiver, QEvent* event)
             connect(box, &QLineEdit::inputRejected, this, [] { beep(); });
     const QPointer<QWidget> widget(isKey ? qobject_cast<QWidget*>(receiver) : nullptr); // a key may close its window
     const bool done = QApplication::notify(receiver, event);
+    if (event->type() == QEvent::Show && !event->spontaneous() && receiver->isWidgetType())
+        FitToScreen(*static_cast<QWidget*>(receiver));
     if (widget && !event->isAccepted() && IsRefused(*widget, *static_cast<QKeyEvent*>(event)))
         beep();
     return done;

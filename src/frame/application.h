@@ -1,7 +1,7 @@
 #pragma once
 
 // What holds for all windows of the program: Qt's own texts and the names of days and months are Chinese whatever the
-// system speaks, and a key that does nothing is heard.
+// system speaks, a key that does nothing is heard, and no window is larger than its screen.
 
 #include <QApplication>
 #include <QTranslator>

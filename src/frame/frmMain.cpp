@@ -16,7 +16,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
-#include <QScreen>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -48,7 +47,6 @@ constexpr MenuCommand kSystemMenu[] = {
     {"MenuExit", "退出"},
 };
 
-/// On a smaller screen it is the screen's.
 constexpr QSize kOpeningSize(1200, 690);
 
 } // namespace
@@ -73,7 +71,7 @@ frmMain::frmMain(Program& program, QStringView moduleRunMode, EndProcess endProc
     BuildCentre();
     BuildStatusBar();
     m_desk->SetPicture(ReadSetting(*settings, kPictureSetting));
-    resize(kOpeningSize.boundedTo(screen()->availableSize()));
+    resize(kOpeningSize);
     ShowCategory("基础管理");
 }
 

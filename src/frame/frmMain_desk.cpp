@@ -1,11 +1,11 @@
 #include "frame/frmMain_desk.h"
 
 #include "bills/shades.h"
+#include "dialogs/window_place.h"
 #include "frame/frmMain_banner.h"
 #include "frame/frmMain_entries.h"
 #include "frame/functions.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
 #include <QPainter>
@@ -28,11 +28,7 @@ QScrollArea* ScrollArea(QWidget* content, QWidget* parent)
     area->setFocusPolicy(Qt::NoFocus);
     area->viewport()->setAutoFillBackground(false);
     content->setAutoFillBackground(false);
-    // An entry reached by keys comes into sight.
-    QObject::connect(qApp, &QApplication::focusChanged, area, [area, content](QWidget*, QWidget* now) {
-        if (now && content->isAncestorOf(now))
-            area->ensureWidgetVisible(now, 0, 8);
-    });
+    KeepFocusInSight(*area);
     return area;
 }
 

@@ -51,18 +51,13 @@ TEST_F(WareManageTest, AWholeNameIsChosenWithoutEnterAndAPartIsLeftAsTyped)
     EXPECT_EQ(Box("TxtWarehouseNameS"), "10");
     EXPECT_EQ(window->bill().TxtWarehouseCodeS, "");
 
-    const auto write = [this](const char* text) { // as an input method does
-        QInputMethodEvent written;
-        written.setCommitString(text);
-        QApplication::sendEvent(FocusWidget(), &written);
-    };
     OpenNew("同价调拨");
-    write("主仓");
+    Write("主仓");
     Press({Qt::Key_Tab});
     EXPECT_EQ(window->bill().TxtWarehouseCodeF, "101");
     EXPECT_EQ(Focus(), "ImgWarehouseF");
     Press({Qt::Key_Tab});
-    write("分仓");
+    Write("分仓");
     ClickCell(1, 1);
     TypeAndEnter({"A001"});
     EXPECT_EQ(test.Boxes(), "");

@@ -47,6 +47,13 @@ protected:
             QTest::keyClick(FocusWidget(), key, modifiers);
     }
     void TypeText(const QString& text) { QTest::keyClicks(FocusWidget(), text); }
+    /// As an input method does.
+    void Write(const QString& text)
+    {
+        QInputMethodEvent written;
+        written.setCommitString(text);
+        QApplication::sendEvent(FocusWidget(), &written);
+    }
     void TypeAndEnter(std::initializer_list<const char*> texts)
     {
         for (const char* text : texts) {
