@@ -20,6 +20,15 @@ constexpr KnownFailure kKnownFailures[] = {
     {SQLITE_CORRUPT, "数据库文件已损坏！"},
     {SQLITE_NOTADB, "数据库文件已损坏或不是账套文件！"},
 };
+/// Read through SQLite: closing a handle of one's own would give up the locks of the whole process on the file.
+QByteArray HeaderOf(sqlite3* database)
+{
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    QByteArray header(32, '\0');
+    file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0); // a shorter file is filled up
+    return header;
+}
 } // namespace
 
 SqliteHandle OpenHandle(const QString& path, int flags)
@@ -44,18 +53,17 @@ StoreError ErrorOf(sqlite3* database, const QString& path)
     return {code, detail};
 }
 
-void CheckFileHeader(const QString& path)
+SqliteHandle OpenDatabase(const QString& path, int flags)
 {
     if (!QFileInfo(path).isFile())
         throw StoreError{SQLITE_CANTOPEN, "账套文件不存在：" + path};
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw StoreError{SQLITE_CANTOPEN, "账套文件不能打开：" + path + "\r\n(" + file.errorString() + ")"};
-    const QByteArray header = file.read(32);
+    SqliteHandle database = OpenHandle(path, flags);
+    const QByteArray header = HeaderOf(database.get());
     const QByteArray jetMark = header.mid(4, 15);
     if (jetMark == "Standard Jet DB" || jetMark == "Standard ACE DB")
         throw StoreError{SQLITE_NOTADB,
                          "账套文件是旧版 Access（Jet）数据库，需要先转换为新的账套格式才能打开：" + path};
     if (!header.startsWith("SQLite format 3"))
         throw StoreError{SQLITE_NOTADB, "账套文件已损坏或不是账套文件：" + path};
+    return database;
 }

@@ -19,9 +19,12 @@ struct FinalizeStatement
 };
 using SqliteStatement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
+/// Milliseconds that a lock of another program is waited for.
+inline constexpr int kPatience = 5000;
+
 /// @param flags  SQLITE_OPEN_*
 SqliteHandle OpenHandle(const QString& path, int flags);
 /// What the user is told of the last failure on a database.
 StoreError ErrorOf(sqlite3* database, const QString& path);
-/// Refuses a file that is no SQLite database, saying what it is instead where that can be seen.
-void CheckFileHeader(const QString& path);
+/// Opens an existing file and refuses one that is no SQLite database, saying what it is instead where that can be seen.
+SqliteHandle OpenDatabase(const QString& path, int flags);

@@ -1,19 +1,24 @@
 #include "database/sqlite_store.h"
 
+#include "database/file_check.h"
+#include "database/opened_files.h"
 #include "database/sqlite_handle.h"
 #include "database/sqlite_like.h"
 #include "database/sqlite_nocase.h"
 #include "database/sqlite_sum.h"
 #include "database/statement_mapping.h"
 
+#include <QCoreApplication>
 #include <QFile>
+#include <QTimer>
 #include <algorithm>
+#include <optional>
 #include <unordered_map>
+#include <utility>
 
 namespace {
 // One host, many programs: readers never wait for the writer, and a commit is on the disk when it returns.
-constexpr const char* kPragmas = "pragma busy_timeout=5000;"
-                                 "pragma journal_mode=WAL;"
+constexpr const char* kPragmas = "pragma journal_mode=WAL;"
                                  "pragma synchronous=FULL;"
                                  "pragma cache_size=-32768;"
                                  "pragma temp_store=MEMORY;"
@@ -21,6 +26,21 @@ constexpr const char* kPragmas = "pragma busy_timeout=5000;"
 
 /// Statements kept prepared; beyond that the store starts over, which no window comes near.
 constexpr size_t kMostPrepared = 256;
+/// A file left open by a program that did not come to its end is looked through before anything is read, in a blink; a
+/// larger one (bytes) beside the first window.
+constexpr qint64 kCheckedAtOnce = 16 * 1024 * 1024;
+
+/// A log that does not belong to its file must not get into it: then both can still be told apart.
+void KeepLogAtClose(sqlite3* database, bool keep)
+{
+    sqlite3_db_config(database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, keep ? 1 : 0, nullptr);
+}
+
+QString DamageText(const QString& path, const QString& damage)
+{
+    return "账套文件上次没有正常关闭，检查发现已经损坏，不再写入：\r\n" + path + "\r\n(" + damage +
+           ")\r\n请退出所有程序，恢复最近的备份；恢复时请先移走同名的 -wal 和 -shm 文件。";
+}
 
 class SqliteStore : public Store
 {
@@ -28,14 +48,29 @@ public:
     SqliteStore(QString path, SqliteHandle database);
 
     Recordset Run(const Sql& sql) override;
-    void BeginUnit() override { RunWords("begin immediate"); }
-    void CommitUnit() override { RunWords("commit"); }
+    void BeginUnit() override
+    {
+        RequireWritable();
+        RunWords("begin immediate");
+    }
+    void CommitUnit() override
+    {
+        RunWords("commit");
+        HasWritten();
+    }
     void RollbackUnit() override
     {
         if (inUnit())
             RunWords("rollback");
     }
     bool inUnit() const override { return sqlite3_get_autocommit(m_database.get()) == 0; }
+    bool isLost() const override { return m_isLost; }
+    void WhenDamaged(std::function<void(const QString& text)> tell) override;
+
+    /// From now on nothing is written once the files of the database are gone.
+    void Watch() { m_files.emplace(m_database.get()); }
+    /// Looks a file through that was left open.
+    void Check();
 
 private:
     struct Prepared
@@ -45,6 +80,12 @@ private:
     };
 
     void RunWords(const char* words);
+    void RequireInPlace(const QString& otherwise);
+    void RequireWritable();
+    void HasWritten();
+    void ShrinkLog();
+    void FinishCheck();
+    void TellDamage();
     Prepared& Prepare(const std::string& shape);
     Recordset RunPrepared(const Prepared& prepared, const std::vector<Value>& values) const;
     void Bind(sqlite3_stmt* statement, const std::vector<Value>& values) const;
@@ -53,6 +94,13 @@ private:
     QString m_path;
     SqliteHandle m_database;
     std::unordered_map<std::string, Prepared> m_prepared;
+    std::optional<OpenedFiles> m_files; // unset for a file in the making
+    bool m_isLost = false;
+    bool m_shrinks = false; // as soon as there is time
+    QObject m_home;         // what is called later ends with it
+    QString m_damage;       // for the user
+    std::function<void(const QString& text)> m_tell;
+    std::unique_ptr<FileCheck> m_check; // while it is not finished
 };
 
 SqliteStore::SqliteStore(QString path, SqliteHandle database) : m_path(std::move(path)), m_database(std::move(database))
@@ -60,7 +108,86 @@ SqliteStore::SqliteStore(QString path, SqliteHandle database) : m_path(std::move
     RegisterExactSum(m_database.get());
     RegisterNoCase(m_database.get());
     RegisterAnyLike(m_database.get());
+    sqlite3_busy_timeout(m_database.get(), kPatience);
     RunWords(kPragmas);
+}
+
+void SqliteStore::RequireInPlace(const QString& otherwise)
+{
+    const QString missing = m_files ? m_files->Missing() : QString();
+    if (missing.isEmpty())
+        return;
+    m_isLost = true;
+    throw StoreError{SQLITE_READONLY_DBMOVED, "账套文件在使用中被删除、移动或替换，" + otherwise + "\r\n" + missing};
+}
+
+void SqliteStore::RequireWritable()
+{
+    RequireInPlace("没有写入！请确认账套文件后重新操作。");
+    FinishCheck();
+    if (m_damage.isEmpty())
+        return;
+    m_tell = nullptr; // it is said here
+    throw StoreError{SQLITE_CORRUPT, m_damage};
+}
+
+void SqliteStore::HasWritten()
+{
+    RequireInPlace("刚才写入的内容不在现在的账套中！请确认账套文件后重新操作。");
+    if (m_shrinks || !QCoreApplication::instance())
+        return;
+    m_shrinks = true;
+    QTimer::singleShot(0, &m_home, [this] { ShrinkLog(); });
+}
+
+/// Brings what stands in the log home, so that little of it is left where the program is killed. Never waits: as long
+/// as another program reads an older state the log stays, until the next unit.
+void SqliteStore::ShrinkLog()
+{
+    m_shrinks = false;
+    sqlite3_busy_timeout(m_database.get(), 0);
+    sqlite3_wal_checkpoint_v2(m_database.get(), "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
+    sqlite3_busy_timeout(m_database.get(), kPatience);
+}
+
+void SqliteStore::Check()
+{
+    const bool isLarge = SizeOnDisk(m_database.get()) > kCheckedAtOnce;
+    m_check = std::make_unique<FileCheck>(m_path, isLarge, [this] {
+        QMetaObject::invokeMethod(
+            &m_home,
+            [this] {
+                FinishCheck();
+                TellDamage();
+            },
+            Qt::QueuedConnection);
+    });
+    if (!isLarge)
+        FinishCheck();
+}
+
+void SqliteStore::FinishCheck()
+{
+    if (!m_check)
+        return;
+    const QString damage = m_check->Damage();
+    m_check.reset();
+    if (damage.isEmpty())
+        KeepLogAtClose(m_database.get(), false);
+    else
+        m_damage = DamageText(m_path, damage);
+}
+
+void SqliteStore::TellDamage()
+{
+    if (m_tell && !m_damage.isEmpty())
+        std::exchange(m_tell, nullptr)(m_damage);
+}
+
+void SqliteStore::WhenDamaged(std::function<void(const QString& text)> tell)
+{
+    m_tell = std::move(tell);
+    TellDamage();
 }
 
 void SqliteStore::RunWords(const char* words)
@@ -183,7 +310,14 @@ bool EndsUnit(const StoreError& error)
 Recordset SqliteStore::Run(const Sql& sql)
 {
     try {
-        return RunPrepared(Prepare(sql.shape()), sql.values());
+        const Prepared& prepared = Prepare(sql.shape());
+        const bool isUnitOfItsOwn = !inUnit() && !sqlite3_stmt_readonly(prepared.statement.get());
+        if (isUnitOfItsOwn)
+            RequireWritable();
+        Recordset rows = RunPrepared(prepared, sql.values());
+        if (isUnitOfItsOwn)
+            HasWritten();
+        return rows;
     } catch (const StoreError& error) {
         if (EndsUnit(error) && inUnit())
             sqlite3_exec(m_database.get(), "rollback", nullptr, nullptr, nullptr);
@@ -202,11 +336,22 @@ Recordset SqliteStore::RunPrepared(const Prepared& prepared, const std::vector<V
 
 std::unique_ptr<Store> OpenSqliteFile(const QString& path)
 {
-    CheckFileHeader(path);
-    auto store = std::make_unique<SqliteStore>(path, OpenHandle(path, SQLITE_OPEN_READWRITE));
-    if (store->Run(Sql("select name from sqlite_master where type='table' and name='TabDotSet'")).isEmpty())
-        throw StoreError{SQLITE_NOTADB, "文件不是本系统的账套：" + path};
-    return store;
+    SqliteHandle database = OpenDatabase(path, SQLITE_OPEN_READWRITE);
+    const bool wasLeftOpen = WasLeftOpen(database.get());
+    KeepLogAtClose(database.get(), wasLeftOpen);
+    try {
+        auto store = std::make_unique<SqliteStore>(path, std::move(database));
+        if (store->Run(Sql("select name from sqlite_master where type='table' and name='TabDotSet'")).isEmpty())
+            throw StoreError{SQLITE_NOTADB, "文件不是本系统的账套：" + path};
+        store->Watch();
+        if (wasLeftOpen)
+            store->Check();
+        return store;
+    } catch (const StoreError& error) {
+        if (!wasLeftOpen || error.number != SQLITE_CORRUPT)
+            throw;
+        throw StoreError{error.number, DamageText(path, error.description)};
+    }
 }
 
 std::unique_ptr<Store> CreateSqliteFile(const QString& path)
@@ -218,11 +363,20 @@ std::unique_ptr<Store> CreateSqliteFile(const QString& path)
     return std::make_unique<SqliteStore>(path, OpenHandle(path, SQLITE_OPEN_READWRITE));
 }
 
+bool IsSqliteFile(const QString& path)
+{
+    try {
+        OpenDatabase(path, SQLITE_OPEN_READONLY);
+        return true;
+    } catch (const StoreError&) {
+        return false;
+    }
+}
+
 void CopySqliteFile(const QString& source, const QString& target)
 {
-    CheckFileHeader(source);
-    const SqliteHandle from = OpenHandle(source, SQLITE_OPEN_READONLY);
-    sqlite3_busy_timeout(from.get(), 5000);
+    const SqliteHandle from = OpenDatabase(source, SQLITE_OPEN_READONLY);
+    sqlite3_busy_timeout(from.get(), kPatience);
     const SqliteHandle to = OpenHandle(target, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     sqlite3_backup* backup = sqlite3_backup_init(to.get(), "main", from.get(), "main");
     if (!backup)

@@ -11,5 +11,8 @@ std::unique_ptr<Store> OpenSqliteFile(const QString& path);
 /// Makes an empty database file; refuses an existing one. Throws StoreError.
 std::unique_ptr<Store> CreateSqliteFile(const QString& path);
 
+/// Whether it begins as a SQLite database does.
+bool IsSqliteFile(const QString& path);
+
 /// A copy of a database in use: every committed row in one file, no side files. Throws StoreError.
 void CopySqliteFile(const QString& source, const QString& target);

@@ -66,6 +66,7 @@ Store& OpenedStore(Program& program)
     program.underway.unreachable = true;
     WaitFor(program, [&] { program.gConnection.Open(connection); });
     program.underway.unreachable = false;
+    program.gConnection.store().WhenDamaged([&program](const QString& text) { program.prompt.Warn(text); });
     return program.gConnection.store();
 }
 

@@ -1,8 +1,10 @@
 #include "database/sqlite_store.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -117,6 +119,106 @@ TEST_F(SqliteStoreTest, RefusesWhatIsNoAccountSet)
         EXPECT_TRUE(Refusal(name).contains(word)) << name;
     EXPECT_FALSE(QFile::exists(folder.filePath("missing.db")));
     EXPECT_THROW(CreateSqliteFile(path), StoreError) << "an existing file is never overwritten";
+}
+
+TEST_F(SqliteStoreTest, WritesNothingIntoAFileThatIsGone)
+{
+    store.reset();
+    const QString aside = folder.path() + ".aside";
+    for (const char* gone : {"", "/acct.db", "/acct.db-wal"}) { // the folder, or a file in it
+        for (const bool isBack : {false, true}) {               // another one in its place
+            for (const bool inUnit : {false, true}) {
+                const QString place = folder.path() + gone;
+                const auto opened = OpenSqliteFile(path);
+                if (inUnit)
+                    opened->BeginUnit();
+                ASSERT_TRUE(QFile::rename(place, aside));
+                if (isBack)
+                    *gone ? QFile::copy(aside, place) : QDir().mkdir(place) && QFile::copy(aside + "/acct.db", path);
+                try {
+                    inUnit ? opened->CommitUnit() : opened->BeginUnit();
+                    ADD_FAILURE() << gone << " went on";
+                } catch (const StoreError& error) {
+                    EXPECT_TRUE(error.description.endsWith(*gone ? place : path)) << error.description.toStdString();
+                }
+                EXPECT_TRUE(opened->isLost());
+                QFile::remove(place);
+                if (!*gone)
+                    QDir(place).removeRecursively();
+                ASSERT_TRUE(QFile::rename(aside, place));
+            }
+        }
+    }
+}
+
+TEST_F(SqliteStoreTest, TheLogIsBroughtHomeWhenThereIsTime)
+{
+    int count = 0;
+    const QCoreApplication application(count, nullptr);
+    store->BeginUnit();
+    Insert(QString("a"));
+    store->CommitUnit();
+    const auto logSize = [this] { return QFileInfo(path + "-wal").size(); };
+    EXPECT_GT(logSize(), 0);
+    while (logSize() > 0)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+/// What a program that was killed leaves behind is a log beside the file.
+class LeftOpen : public SqliteStoreTest
+{
+protected:
+    void AddRows(int count)
+    {
+        store = OpenSqliteFile(path);
+        store->BeginUnit();
+        for (int i = 0; i < count; ++i)
+            Insert(QString("%1 of %2").arg(i).arg(count), 1, {}, QByteArray(100, 'x'));
+        store->CommitUnit();
+    }
+    /// The file as it was at the beginning, with the log of a later day beside it.
+    /// @param between  rows that are in neither
+    QString Restore(int between)
+    {
+        const QString restored = folder.filePath("restored.db");
+        AddRows(1000);
+        store.reset();
+        EXPECT_TRUE(QFile::copy(path, restored));
+        if (between > 0)
+            AddRows(between);
+        store.reset();
+        AddRows(100);
+        EXPECT_TRUE(QFile::copy(path + "-wal", restored + "-wal"));
+        return restored;
+    }
+};
+
+TEST_F(LeftOpen, AWholeFileIsTakenUpAgain)
+{
+    const QString file = Restore(0);
+    {
+        const auto opened = OpenSqliteFile(file);
+        opened->WhenDamaged([](const QString& text) { ADD_FAILURE() << text.toStdString(); });
+        opened->Run(Sql("delete from TabDotSet where Name='1 of 100'"));
+    }
+    EXPECT_FALSE(QFile::exists(file + "-wal"));
+    EXPECT_EQ(Count(*OpenSqliteFile(file)), 1099);
+}
+
+TEST_F(LeftOpen, ADamagedOneIsSaidAndNothingIsWritten)
+{
+    const QString file = Restore(2000);
+    QString told;
+    {
+        const auto opened = OpenSqliteFile(file);
+        opened->WhenDamaged([&](const QString& text) { told = text; });
+        EXPECT_TRUE(told.contains(file)) << told.toStdString();
+        EXPECT_THROW(opened->BeginUnit(), StoreError);
+        EXPECT_THROW(opened->Run(Sql("delete from TabDotSet")), StoreError);
+    }
+    QFile::remove(file + "-wal");
+    QFile::remove(file + "-shm");
+    EXPECT_EQ(Count(*OpenSqliteFile(file)), 1000) << "the log has not got into it";
 }
 
 TEST_F(SqliteStoreTest, CopiesEveryCommittedRowAndNoSideFile)

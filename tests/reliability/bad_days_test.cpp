@@ -65,6 +65,19 @@ TEST_F(BadDays, AnAccountSetThatAnotherProgramHoldsIsSaidAndNothingIsLost)
     ExpectSaved();
 }
 
+TEST_F(BadDays, AnAccountSetThatIsReplacedIsSaidAndTheNextSaveGoesIntoTheNewOne)
+{
+    test.program.gConnection.Close(); // and all is in the file
+    Open();
+    const QString path = test.databasePath();
+    ASSERT_TRUE(QFile::rename(path, path + ".old") && QFile::copy(path + ".old", path));
+    const QStringList boxes = SaveInVain();
+    EXPECT_EQ(boxes.size(), 1);
+    EXPECT_TRUE(boxes[0].contains("被删除、移动或替换") && boxes[0].endsWith(path)) << boxes[0].toStdString();
+    ExpectSaved();
+    EXPECT_EQ(OpenSqliteFile(path)->Run(Sql("select Code from TabSamePriceMove")).size(), 1);
+}
+
 /// Not the administrator, who may write everywhere.
 struct LesserUser
 {
