@@ -13,14 +13,14 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <optional>
-#include <ranges>
+#include <span>
 #include <utility>
 
 namespace {
 
 const QString kSheetName = QStringLiteral("sheet1");
 constexpr int kRowsAtATime = 1000;
-constexpr int kNamedRows = 10; // of those left out
+constexpr size_t kNamedRows = 10; // of those left out
 
 /// Columns whose texts are taken over as they stand.
 constexpr const char* kTextTitles[] = {"生产厂商", "品牌",        "批号",        "生产日期",    "有效日期",
@@ -175,7 +175,7 @@ QString Outcome::Text() const
     QStringList text = {"共导入" + QString::number(lines) + " 条数据！"};
     if (!unknown.empty())
         text << "以下" + QString::number(unknown.size()) + "行没有导入：";
-    for (const auto& [row, code] : unknown | std::views::take(kNamedRows))
+    for (const auto& [row, code] : std::span(unknown).first(std::min(unknown.size(), kNamedRows)))
         text << "第" + QString::number(row) + "行：没有编号为“" + code + "”的商品";
     if (unknown.size() > kNamedRows)
         text << "……";

@@ -306,10 +306,10 @@ Any UnoSheet::TextFormat() const
 void UnoSheet::KeepAsTexts(int column, int columns)
 {
     m_watch.Call(kRefused, [&] {
-        const Reference<table::XCellRange> cells =
-            m_sheet->getCellRangeByPosition(column - 1, 0, column + columns - 2, 0);
-        PropertiesOf(Reference<table::XColumnRowRange>(cells, UNO_QUERY_THROW)->getColumns())
-            ->setPropertyValue("NumberFormat", TextFormat());
+        const auto whole = Reference<table::XColumnRowRange>(m_sheet, UNO_QUERY_THROW)->getColumns();
+        for (int each = column - 1; each < column + columns - 1; ++each)
+            Reference<beans::XPropertySet>(whole->getByIndex(each), UNO_QUERY_THROW)
+                ->setPropertyValue("NumberFormat", TextFormat());
     });
 }
 

@@ -71,7 +71,9 @@ void OpenBlankWorkbook(SpreadsheetHost& host, const std::vector<BlankColumn>& co
             if (column.isText)
                 sheet.KeepAsTexts(int(titles.size()), 1);
         }
-        WriteRows(sheet, {titles}, {});
+        // Columns become as wide as their texts: the second row makes room for what will be typed.
+        WriteRows(sheet, {titles, QStringList(titles.size(), "2023-12-31 ")}, {});
+        sheet.DeleteRows(2, 1);
     });
 }
 

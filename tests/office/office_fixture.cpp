@@ -39,12 +39,18 @@ QString OfficeTest::MakeSample(const QString& name)
     const QString source = OFFICE_SOURCE_FOLDER "/sample.fods";
     if (QFileInfo(made).lastModified() < QFileInfo(source).lastModified())
         QFile::remove(made);
+    Convert(source, QFileInfo(name).suffix(), OFFICE_TEST_FOLDER);
+    EXPECT_TRUE(QFile::copy(made, PathOf(name)));
+    return PathOf(name);
+}
+
+void OfficeTest::Convert(const QString& source, const QString& format, const QString& folder)
+{
+    const QString made = QDir(folder).filePath(QFileInfo(source).baseName() + "." + format);
     // A new profile ends its first start at once.
     for (int tries = 0; tries < 3 && !QFile::exists(made); ++tries)
         OutputOf("soffice.bin", {"-env:UserInstallation=file://" OFFICE_TEST_FOLDER "/convert", "--headless",
-                                 "--convert-to", QFileInfo(name).suffix(), "--outdir", OFFICE_TEST_FOLDER, source});
-    EXPECT_TRUE(QFile::copy(made, PathOf(name)));
-    return PathOf(name);
+                                 "--convert-to", format, "--outdir", folder, source});
 }
 
 void OfficeTest::WriteFile(const QString& name, const QByteArray& content)

@@ -17,6 +17,8 @@ protected:
     QString PathOf(const QString& name) const { return m_folder.filePath(name); }
     /// The sample, made into a workbook of the name's format.
     QString MakeSample(const QString& name);
+    /// Makes a workbook or a text of another format out of a file, under its base name in a folder.
+    static void Convert(const QString& source, const QString& format, const QString& folder);
     void WriteFile(const QString& name, const QByteArray& content);
     static QByteArray ReadFile(const QString& path);
 

@@ -115,6 +115,18 @@ TEST_P(Workbooks, InsertedRowsAreLikeTheRowAboveAndSumsGrow)
     EXPECT_GE(OutputOf("pdfinfo", {PathOf("grown.pdf")}).section("Pages:", 1).section('\n', 0, 0).toInt(), 15);
 }
 
+TEST_F(Saving, AColumnKeepsTextsForWhoTypesInIt)
+{
+    const auto error = ErrorOf([&](SpreadsheetApplication& application) {
+        const auto workbook = application.Create();
+        workbook->SheetAt(0)->KeepAsTexts(2, 1);
+        workbook->SaveAs(PathOf("blank.xlsx"));
+    });
+    ASSERT_FALSE(error) << error->description.toStdString();
+    Convert(PathOf("blank.xlsx"), "fods", PathOf("."));
+    EXPECT_TRUE(ReadFile(PathOf("blank.fods")).contains("<number:text-content/>"));
+}
+
 TEST_F(Saving, AnExportedPageHoldsOneSheet)
 {
     const QString sample = MakeSample("sample.xls");
