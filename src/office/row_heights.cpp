@@ -152,9 +152,9 @@ void FitRowHeights(const UnoSpreadsheet& sheet, int firstRow, int count, int lea
     const Reference<table::XTableRows> rows = RowsOf(sheet, firstRow, count);
     const int floor = std::max(least, HeightOf(rows->getByIndex(0)));
     PropertiesOf(rows)->setPropertyValue("OptimalHeight", Any(true));
-    std::vector<int> heights;
+    std::vector<int> heights(static_cast<size_t>(count));
     for (int row = 0; row < count; ++row)
-        heights.push_back(std::max(floor, HeightOf(rows->getByIndex(row)) + kRim));
+        heights[row] = std::max(floor, HeightOf(rows->getByIndex(row)) + kRim);
     // Rows side by side of one height take it in one call.
     for (auto first = heights.begin(); first != heights.end();) {
         const auto end = std::find_if(first, heights.end(), [&](int height) { return height != *first; });

@@ -249,8 +249,9 @@ void UnoSheet::FitCells(const std::vector<std::pair<int, int>>& cells)
 {
     m_watch.Call(kRefused, [&] {
         std::vector<table::CellAddress> addresses;
-        for (const auto& [row, column] : cells)
-            addresses.emplace_back(SheetIndex(), column - 1, row - 1);
+        addresses.reserve(cells.size());
+        for (const sal_Int16 sheet = SheetIndex(); const auto& [row, column] : cells)
+            addresses.emplace_back(sheet, column - 1, row - 1);
         FitRowsToCells(m_document, m_sheet, addresses);
     });
 }

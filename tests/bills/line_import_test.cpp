@@ -155,18 +155,18 @@ TEST_F(LineImport, WhatCannotBeReadLeavesTheLines)
     {
         const char* operation; // that fails
         Kind kind;
+        int rows; // until the user has had enough
         QStringList titles;
         const char* sheet;
-        int rows; // until the user has had enough
         QString said;
     } failures[] = {
-        {"Open", Kind::CannotOpen, good, "sheet1", -1, "broken"},
-        {"Run", Kind::NotInstalled, good, "sheet1", -1, "broken"},
-        {"Read", Kind::Stopped, good, "sheet1", -1, "broken"},
-        {"Read", Kind::Cancelled, good, "sheet1", -1, ""},
-        {nullptr, {}, good, "工作表1", -1, noSheet},
-        {nullptr, {}, {"编号"}, "sheet1", -1, noTitle},
-        {nullptr, {}, good, "sheet1", 1, ""},
+        {"Open", Kind::CannotOpen, -1, good, "sheet1", "broken"},
+        {"Run", Kind::NotInstalled, -1, good, "sheet1", "broken"},
+        {"Read", Kind::Stopped, -1, good, "sheet1", "broken"},
+        {"Read", Kind::Cancelled, -1, good, "sheet1", ""},
+        {nullptr, {}, -1, good, "工作表1", noSheet},
+        {nullptr, {}, -1, {"编号"}, "sheet1", noTitle},
+        {nullptr, {}, 1, good, "sheet1", ""},
     };
     OpenWithLine("同价调拨", {{"数量", "2"}});
     const QStringList before = Lines();
