@@ -2,6 +2,7 @@
 
 #include "bills/line_totals.h"
 #include "data/decimals.h"
+#include "handover/open_query.h"
 
 #include <QtNumeric>
 
@@ -70,6 +71,6 @@ bool CheckCostAllocation(Program& program, const GroupPieceText& bill)
     // The fee is part of what is made: the product here, its parts there.
     if (mode.assembles ? lines + fee == total : total + fee == lines)
         return true;
-    program.prompt.Inform(mode.allocationWrong);
+    Inform(program, mode.allocationWrong);
     return false;
 }

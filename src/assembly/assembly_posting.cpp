@@ -5,18 +5,12 @@
 #include "bills/audit.h"
 #include "bills/recall.h"
 #include "bills/save_rows.h"
+#include "bills/stored_head.h"
 #include "data/decimals.h"
 #include "data/lookups.h"
 #include "stock/cost_rewrite.h"
 
 namespace {
-
-enum class Outcome
-{
-    Stored,
-    NotStored, // the reason has been shown
-    CodeTaken,
-};
 
 double ProductUnionAmount(Program& program, const GroupPieceText& bill)
 {
@@ -149,7 +143,7 @@ void DeleteRows(Program& program, const BillText& bill)
     OpenQuery(program, Sql("delete from  TabWarehouseAmountChange  where BillCode=") + code + " ");
 }
 
-void ShowAsSaved(Program& program, GroupPieceText& bill)
+void ShowPieceAsSaved(Program& program, GroupPieceText& bill)
 {
     if (bill.ChAutoAuditing)
         AuditSaved(program, bill);
@@ -178,20 +172,22 @@ Outcome WriteBill(Program& program, GroupPieceText& bill, bool rewrite, bool wan
     if (!unit.isOpen())
         return Outcome::NotStored;
     if (rewrite) {
-        if (!MayReplace(program, bill))
+        if (!MayChange(program, bill, "修改")) // one that is gone is stored afresh
             return Outcome::NotStored;
         DeleteRows(program, bill);
     }
-    const Row head = HeadRow(save, bill, save.moments.Next());
+    save.headMoment = save.moments.Next();
+    const Row head = HeadRow(save, bill, save.headMoment);
     if (const Room room = RoomFor(program, bill); room != Room::Free)
         return room == Room::Taken ? Outcome::CodeTaken : Outcome::NotStored;
     if (ModeOf(bill).assembles)
         SaveAssemblyBill(save, bill, head);
     else
         SavePieceBill(save, bill, head);
-    ShowAsSaved(program, bill);
+    bill.DateTimee = save.headMoment;
+    ShowPieceAsSaved(program, bill);
     WriteVoucher(program, bill, wantWarrant);
-    return unit.Commit() ? Outcome::Stored : Outcome::NotStored;
+    return CommitBill(unit, save);
 }
 
 /// The voucher follows the save even where that wrote nothing.
@@ -211,18 +207,14 @@ PieceSave PostGroupPiece(Program& program, GroupPieceText& bill, bool wantWarran
     if (ModeOf(bill).assembles)
         RecalcHeadTotals(program, bill);
     const std::optional<bool> rewrite = AskRewrite(program, bill);
-    if (!rewrite)
-        return {{}, WriteVoucherAlone(program, bill, wantWarrant)};
     const GroupPieceText before = bill;
-    switch (WriteBill(program, bill, *rewrite, wantWarrant)) {
-    case Outcome::CodeTaken:
-        program.prompt.Inform(ModeOf(bill).codeTaken);
-        return {{}, WriteVoucherAlone(program, bill, wantWarrant)};
-    case Outcome::NotStored:
-        bill = before;
-        return {};
-    case Outcome::Stored:
-        break;
-    }
-    return {{true, bill.TxtBillCode.trimmed(), bill.MSH.lastRow() - 1}, true};
+    const Outcome outcome = rewrite ? WriteBill(program, bill, *rewrite, wantWarrant) : Outcome::Declined;
+    const Posting posting = PostingOf(outcome, bill);
+    if (posting.stored)
+        return {posting, true};
+    bill = before;
+    if (outcome == Outcome::CodeTaken)
+        Inform(program, ModeOf(bill).codeTaken);
+    const bool hasVoucher = outcome == Outcome::CodeTaken || outcome == Outcome::Declined;
+    return {posting, hasVoucher && WriteVoucherAlone(program, bill, wantWarrant)};
 }

@@ -90,6 +90,8 @@ void TaoYongFillBill(Program& program, GroupPieceText& bill, const QString& tabl
     }
     const Recordset lines = OpenQuery(program, Sql("select * from ") + Name(tableName + "Inf") +
                                                    " where BillCode=" + billCode + " order by Num");
+    if (!lines)
+        return;
     BuildGridColumns(program, bill);
     ShowLines(program, bill, lines, LineDetail::Pattern);
     ShowWarehouses(bill, head);

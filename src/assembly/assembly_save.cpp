@@ -6,21 +6,36 @@
 #include "bills/bill_content.h"
 #include "bills/lifecycle.h"
 
-Posting FSave(Program& program, GroupPieceText& bill)
+namespace {
+
+PieceSave CheckAndPost(Program& program, GroupPieceText& bill)
 {
     if (!CheckBill(program, bill))
         return {};
     const std::optional<bool> wantWarrant = CheckWarrantSettings(program, bill);
-    if (!wantWarrant)
-        return {};
-    const PieceSave save = PostGroupPiece(program, bill, *wantWarrant);
+    return wantWarrant ? PostGroupPiece(program, bill, *wantWarrant) : PieceSave();
+}
+
+} // namespace
+
+Posting FSave(Program& program, GroupPieceText& bill)
+{
+    const GroupPieceText before = bill;
+    PieceSave save;
+    {
+        const Undertaking undertaking(program);
+        save = CheckAndPost(program, bill);
+        if (save.isDone)
+            Inform(program, "保存成功！");
+        if (!save.posting.stored)
+            TakeBack(bill, before, undertaking);
+    }
     if (!save.isDone)
-        return {};
-    program.prompt.Inform("保存成功！");
+        return save.posting;
     if (save.posting.stored)
         MarkUnchanged(bill);
     OpenNavigation(program, bill);
-    if (bill.ChAutoAdd)
+    if (bill.ChAutoAdd && (save.posting.stored || save.posting.declined))
         NewBill(program, bill);
     return save.posting;
 }

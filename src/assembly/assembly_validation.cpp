@@ -5,6 +5,7 @@
 #include "bills/only_code.h"
 #include "bills/validation.h"
 #include "data/decimals.h"
+#include "handover/open_query.h"
 
 namespace {
 
@@ -102,7 +103,7 @@ bool CheckStock(Program& program, const GroupPieceText& bill)
 
 bool CheckZeroCost(Program& program, const GroupPieceText& bill)
 {
-    return !bill.TxtCost.trimmed().isEmpty() || program.prompt.Ask("允许零成本吗？");
+    return !bill.TxtCost.trimmed().isEmpty() || Ask(program, "允许零成本吗？");
 }
 
 } // namespace

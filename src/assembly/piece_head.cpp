@@ -41,7 +41,7 @@ Sql GoodsThatBegin(const QString& text)
     return Sql("select * from TabWare  where Code like ") + begins + "  or Name like " + begins + "   order by code";
 }
 
-double ProductCost(Program& program, const GroupPieceText& bill)
+std::optional<double> ProductCost(Program& program, const GroupPieceText& bill)
 {
     return FetchRowCost(program, bill, bill.TxtWareCode,
                         {PathHead(bill.TxtWareAttribute), bill.TxtWareSpec.trimmed(), bill.TxtManufacturer.trimmed(),
@@ -94,7 +94,10 @@ std::optional<PickerNeeded> LookUpProduct(Program& program, GroupPieceText& bill
     if (bill.TxtWareName.trimmed().isEmpty())
         return {};
     const Sql query = GoodsThatBegin(bill.TxtWareName);
-    if (!OpenQuery(program, query).isEmpty()) {
+    const Recordset goods = OpenQuery(program, query);
+    if (!goods)
+        return {};
+    if (!goods.isEmpty()) {
         FillTxtWareName(program, bill, query);
         return {};
     }
@@ -127,9 +130,11 @@ void ChooseProduct(Program& program, GroupPieceText& bill, const QString& code)
 
 void FillTxtWareName(Program& program, GroupPieceText& bill, const Sql& query)
 {
+    const Undertaking choosing(program);
+    const GroupPieceText before = bill;
     const Recordset good = OpenQuery(program, query);
     if (good.isEmpty()) {
-        program.prompt.Inform("商品名称不存在，请重新选择！");
+        Inform(program, "商品名称不存在，请重新选择！");
         return;
     }
     bill.TxtWareCode = good.Text("Code");
@@ -140,8 +145,10 @@ void FillTxtWareName(Program& program, GroupPieceText& bill, const Sql& query)
     bill.unitChoices.removeAll(QString());
     bill.TxtAmount = "1";
     if (!ModeOf(bill).assembles)
-        bill.TxtCost = FormatByDigits(ProductCost(program, bill), program.gDot.Price_DotLen);
+        bill.TxtCost = FormatByDigits(ProductCost(program, bill).value_or(0), program.gDot.Price_DotLen);
     RecalcHeadTotals(program, bill);
+    if (choosing.failed()) // the cost is not known: the product before stays
+        bill = before;
 }
 
 std::optional<PickerNeeded> ProductAttributePicker(Program& program, const GroupPieceText& bill)

@@ -30,7 +30,7 @@ Recordset VoucherOf(Program& program, const char* select, const QString& billCod
 
 bool Refuse(Program& program, const QString& text)
 {
-    program.prompt.Inform(text);
+    Inform(program, text);
     return false;
 }
 
@@ -81,8 +81,21 @@ bool CheckNotPosted(Program& program, const GroupPieceText& bill)
     return Refuse(program, "当前单据对应的会计凭证已登账，禁止修改！如果确需修改，请先操作反登账，之后再修改本单据！");
 }
 
+/// The accounting period of a bill's day; one that the settings do not form is said.
+std::optional<AccountingPeriod> PeriodOfBill(Program& program, const QDate& day)
+{
+    const std::optional<AccountingPeriod> period = AccountingPeriodOf(program, day);
+    if (period)
+        return period;
+    const UnformedPeriod wrong = UnformedPeriodOf(program, day);
+    Inform(program, "会计期间设置（TabAccountAreaSet）中 " + QString::number(wrong.month) + " 月的结账日为 " +
+                        wrong.closingDay + "，" + QString::number(wrong.year) + " 年 " + QString::number(wrong.month) +
+                        " 月没有这一天，不能确定会计期，将跳过自动生成会计凭证！");
+    return {};
+}
+
 /// The last closed accounting month lies on or after the bill's; then no voucher may change, which is said.
-bool IsMonthClosed(Program& program, const QDate& day)
+bool IsMonthClosed(Program& program, const AccountingPeriod& period)
 {
     Sql query("select top 1 DateeY,DateeM from TabWriteAccountant   where  State='已结账' ");
     query += program.parameters.IsAccess ? "  order by  cint(DateeY) desc,cint(DateeM) desc"
@@ -92,9 +105,7 @@ bool IsMonthClosed(Program& program, const QDate& day)
         return false;
     const int closedYear = static_cast<int>(closed.Number("DateeY"));
     const int closedMonth = static_cast<int>(closed.Number("DateeM"));
-    const int year = GetPeriodYear(program, day).toInt();
-    const int month = GetPeriodMonth(program, day).toInt();
-    if (year > closedYear || (year == closedYear && month > closedMonth))
+    if (period.year > closedYear || (period.year == closedYear && period.month > closedMonth))
         return false;
     Inform(program, "最后一次会计期末结转为 " + closed.Text("DateeY") + " 年 " + closed.Text("DateeM") +
                         " 月，本凭证录入日期有误！（不应小于最后一次结转会计期），将跳过自动生成会计凭证！");
@@ -102,31 +113,30 @@ bool IsMonthClosed(Program& program, const QDate& day)
 }
 
 /// Draws a number in a book of the voucher.
-void EnterBook(Program& program, Wanted& wanted, int book, const QDate& day)
+void EnterBook(Program& program, Wanted& wanted, int book, const AccountingPeriod& period)
 {
     const size_t index = static_cast<size_t>(book) - 1;
     wanted.books.isIn[index] = 1;
-    wanted.books.numbers[index] = NextVoucherNumber(program, GetPeriodStartDate(program, day.year(), day.month()),
-                                                    GetPeriodEndDate(program, day.year(), day.month()), book);
+    wanted.books.numbers[index] = NextVoucherNumber(program, period.start, period.end, book);
     wanted.affixes[index] = 1;
 }
 
 /// Books, numbers and type by the settings; without any, the main book. Unset where the bill wants no voucher.
-std::optional<Wanted> ReadWanted(Program& program, const QString& bill, const QDate& day)
+std::optional<Wanted> ReadWanted(Program& program, const QString& bill, const AccountingPeriod& period)
 {
     Wanted wanted;
     const Recordset settings = OpenQuery(program, SettingsOf("*", bill));
     if (settings.isEmpty()) {
         const Recordset main = OpenQuery(program, Sql("select Code from TabAccountantNameSet where Main=1 "));
         const qint64 code = main.Integer("Code");
-        EnterBook(program, wanted, code == 2 || code == 3 ? static_cast<int>(code) : 1, day);
+        EnterBook(program, wanted, code == 2 || code == 3 ? static_cast<int>(code) : 1, period);
         return wanted;
     }
     if (settings.Integer("IsWarrant") == 0)
         return {};
     for (int book = 1; book <= 3; ++book) {
         if (settings.Integer("AccountBook" + QString::number(book)) == 1)
-            EnterBook(program, wanted, book, day);
+            EnterBook(program, wanted, book, period);
     }
     wanted.type = settings.Text("WarrantType").trimmed();
     return wanted;
@@ -228,6 +238,8 @@ std::optional<Voucher> WriteVoucherHead(Program& program, const VoucherHead& hea
         return voucher;
     }
     voucher.code = existing.Text("Code");
+    if (voucher.code.trimmed().isEmpty())
+        return {};
     const Recordset kept = OpenQuery(program, Sql("select * from TabWarrant where Code=") + voucher.code + " ");
     for (int book = 1; book <= 3; ++book)
         voucher.books.numbers[static_cast<size_t>(book) - 1] = kept.Integer("WarrantNum" + QString::number(book));
@@ -270,14 +282,17 @@ void WriteBillWarrant(Program& program, const GroupPieceText& bill, const QStrin
         OpenQuery(program, Sql("select * from ") + headTable + " where Code=" + billCode.trimmed());
     const std::optional<QDate> day = stored.Day("Datee");
     // A refused save comes here with the bill of another user, who may have voided it.
-    if (!day || stored.Text("State").trimmed() == u"作废" || IsMonthClosed(program, *day))
+    if (!day || stored.Text("State").trimmed() == u"作废")
         return;
-    if (const std::optional<Wanted> wanted = ReadWanted(program, bill.kind->bill, *day)) {
+    const std::optional<AccountingPeriod> period = PeriodOfBill(program, *day);
+    if (!period || IsMonthClosed(program, *period))
+        return;
+    if (const std::optional<Wanted> wanted = ReadWanted(program, bill.kind->bill, *period)) {
         const VoucherHead head = {stored.Text("Code"),
                                   bill.kind->bill,
                                   *day,
-                                  GetPeriodYear(program, *day),
-                                  GetPeriodMonth(program, *day),
+                                  QString::number(period->year),
+                                  QString::number(period->month),
                                   stored.Number("Fee") + stored.Number("SumMoney")};
         const std::optional<Voucher> voucher = WriteVoucherHead(program, head, *wanted);
         if (!voucher)
@@ -290,6 +305,8 @@ void WriteBillWarrant(Program& program, const GroupPieceText& bill, const QStrin
 
 void DeleteBillWarrant(Program& program, const QString& billCode)
 {
+    if (billCode.trimmed().isEmpty()) // a voucher without a bill is the books' own
+        return;
     const QString code =
         OpenQuery(program, Sql("select Code from TabWarrant where JXCBillCode=") + billCode).Text("Code");
     if (code.trimmed().isEmpty())

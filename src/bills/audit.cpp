@@ -3,6 +3,7 @@
 #include "bills/bill_content.h"
 #include "bills/lifecycle.h"
 #include "bills/recall.h"
+#include "bills/stored_head.h"
 #include "data/periods.h"
 #include "data/rights.h"
 #include "handover/open_query.h"
@@ -21,19 +22,24 @@ bool IsPieces(const BillText& bill)
 }
 
 /// What is written takes effect together, with the save that it belongs to where one is under way. False when nothing
-/// did; the reason has been shown.
-template <typename Write>
-bool WriteTogether(Program& program, const Write& write)
+/// did, be it that `write` would not; the reason has been shown.
+/// @param isWritten  whether a stored head shows it
+template <typename Write, typename IsWritten>
+bool WriteTogether(Program& program, const BillText& bill, const Write& write, const IsWritten& isWritten)
 {
-    if (program.unitOpen) {
-        write();
-        return !IsOver(program);
-    }
+    if (program.unitOpen)
+        return write() && !IsOver(program);
     SaveUnit unit(program);
-    if (!unit.isOpen())
+    if (!unit.isOpen() || !write())
         return false;
-    write();
-    return unit.Commit();
+    const std::optional<bool> stored = unit.Commit([&]() -> std::optional<bool> {
+        const Recordset head = StoredHead(program, bill);
+        return head ? std::optional(isWritten(head)) : std::nullopt;
+    });
+    if (!stored)
+        program.prompt.Inform("与数据库的连接已中断，不能确定单据 " + bill.TxtBillCode.trimmed() +
+                              " 的本次操作是否已经完成！请在连接恢复后重新调出该单据查看。");
+    return stored.value_or(false);
 }
 
 /// One column of the bill's head and of all its lines set to a text.
@@ -47,18 +53,29 @@ void SetOnBill(Program& program, const BillText& bill, const char* column, const
     OpenQuery(program, update(bill.kind->lineTable) + "  where BillCode=" + code + " ");
 }
 
+bool RefuseUnsaved(Program& program, bool audit)
+{
+    return Refuse(program, audit ? "请先保存单据后再审核！" : "未保存单据，禁止反审核！");
+}
+
 bool MayMark(Program& program, const BillText& bill, bool audit)
 {
     const bool isAudited = !bill.TxtAuditing.isEmpty();
     if (isAudited == audit)
         return Refuse(program, audit ? "已审核单据，禁止重复审核！" : "未审核单据，禁止反审核！");
-    if (bill.TxtBillCode.trimmed().isEmpty())
-        return Refuse(program, audit ? "请先保存单据后再审核！" : "未保存单据，禁止反审核！");
-    return true;
+    return !bill.TxtBillCode.trimmed().isEmpty() || RefuseUnsaved(program, audit);
+}
+
+/// The stored bill is the one on the screen.
+bool IsThere(Program& program, const BillText& bill, bool audit)
+{
+    const Found found = LookAgain(program, bill, audit ? "审核" : "反审核");
+    return found == Found::AsRead || (found == Found::Gone && RefuseUnsaved(program, audit));
 }
 
 bool Mark(Program& program, BillText& bill, bool audit)
 {
+    const Undertaking marking(program);
     if (!CheckOperateRight(program, program.parameters.UserName, bill.kind->rights, Action::Audit))
         return false;
     if (!SetAuditMark(program, bill, audit))
@@ -78,20 +95,21 @@ Recordset VouchersOf(Program& program, const BillText& bill)
     return OpenQuery(program, Sql("select Code,State from TabWarrant where JXCBillCode=") + bill.TxtBillCode.trimmed());
 }
 
-void DeleteVouchers(Program& program, const Recordset& vouchers)
+/// A bill has one voucher.
+void DropVoucher(Program& program, const Recordset& vouchers)
 {
-    for (int row = 0; row < vouchers.size(); ++row) {
-        const QString code = vouchers.Text("Code", row);
-        OpenQuery(program, Sql("delete from TabWarrantInf where BillCode=") + code);
-        OpenQuery(program, Sql("delete from TabWarrant where Code =") + code);
-    }
+    const QString code = vouchers.Text("Code");
+    if (code.trimmed().isEmpty())
+        return;
+    OpenQuery(program, Sql("delete from TabWarrantInf where BillCode=") + code);
+    OpenQuery(program, Sql("delete from TabWarrant where Code =") + code);
 }
 
 /// Voiding is for bills on the screen from the database, dated after the last closing.
 bool IsVoidable(Program& program, const BillText& bill)
 {
     const std::optional<QDate> day = ParseDay(bill.TxtDate);
-    if (!day)
+    if (!day || bill.TxtBillCode.trimmed().isEmpty())
         return Refuse(program, "本单据开单日期不详，系统禁止作废！");
     const Recordset turn = OpenQuery(program, Sql("select max(Datee) as Datee from TabTurn"));
     const std::optional<QDate> closing = turn.Day("Datee");
@@ -101,11 +119,12 @@ bool IsVoidable(Program& program, const BillText& bill)
     return static_cast<bool>(turn);
 }
 
-bool IsPosted(const Recordset& vouchers)
+/// A posted voucher keeps its bill in force.
+bool RefusePosted(Program& program, const Recordset& vouchers)
 {
     for (int row = 0; row < vouchers.size(); ++row) {
         if (vouchers.Text("State", row).trimmed() == u"已登账")
-            return true;
+            return !Refuse(program, "该张单据已经登账，禁止作废！");
     }
     return false;
 }
@@ -119,22 +138,26 @@ void ShowVoided(Program& program, BillText& bill)
         bill.SetEnabled(Command::Print, false);
 }
 
-/// The vouchers go with the bill, also where it is gone already.
-void VoidRows(Program& program, BillText& bill, const Recordset& vouchers)
+/// The voucher goes with the bill, also where that is gone already.
+void VoidRows(Program& program, BillText& bill)
 {
-    const Recordset head = OpenQuery(program, Sql("select Code from ") + Name(bill.kind->headTable) +
-                                                  " where Code=" + bill.TxtBillCode.trimmed());
-    if (!head)
-        return;
-    const bool written = WriteTogether(program, [&] {
-        if (!head.isEmpty())
+    Found found = Found::Unknown;
+    const auto write = [&] {
+        found = LookAgain(program, bill, "作废");
+        const Recordset vouchers = VouchersOf(program, bill);
+        if (found == Found::Changed || RefusePosted(program, vouchers))
+            return false;
+        if (found == Found::AsRead)
             SetOnBill(program, bill, "State", "作废");
-        DeleteVouchers(program, vouchers);
-    });
-    if (!written)
+        DropVoucher(program, vouchers);
+        return true;
+    };
+    if (!WriteTogether(program, bill, write, [&](const Recordset& head) {
+            return head.isEmpty() || head.Text("State").trimmed() == u"作废";
+        }))
         return;
-    if (head.isEmpty()) {
-        program.prompt.Inform(IsPieces(bill) ? "单据编号不存在，禁止作废！" : "单编号不存在，作废失败！");
+    if (found == Found::Gone) {
+        Inform(program, IsPieces(bill) ? "单据编号不存在，禁止作废！" : "单编号不存在，作废失败！");
         return;
     }
     ShowVoided(program, bill);
@@ -180,7 +203,14 @@ bool SetAuditMark(Program& program, BillText& bill, bool audit)
     if (!MayMark(program, bill, audit))
         return false;
     const QString auditor = audit ? program.parameters.UserName : QString();
-    if (!WriteTogether(program, [&] { SetOnBill(program, bill, "Auditing", auditor); }))
+    const auto write = [&] {
+        if (!IsThere(program, bill, audit))
+            return false;
+        SetOnBill(program, bill, "Auditing", auditor);
+        return true;
+    };
+    if (!WriteTogether(program, bill, write,
+                       [&](const Recordset& head) { return head.Text("Auditing").trimmed() == auditor.trimmed(); }))
         return false;
     bill.TxtAuditing = auditor;
     bill.LabAuditing = audit ? "已审核" : "未审核";
@@ -189,40 +219,38 @@ bool SetAuditMark(Program& program, BillText& bill, bool audit)
 
 void VoidBill(Program& program, BillText& bill)
 {
+    const Undertaking voiding(program);
     if (!CheckOperateRight(program, program.parameters.UserName, bill.kind->operation, Action::Edit))
         return;
-    if (!IsVoidable(program, bill))
+    if (!IsVoidable(program, bill) || RefusePosted(program, VouchersOf(program, bill)))
         return;
-    const Recordset vouchers = VouchersOf(program, bill);
-    if (IsPosted(vouchers)) {
-        program.prompt.Inform("该张单据已经登账，禁止作废！");
-        return;
-    }
-    if (!vouchers || !program.prompt.Ask("确定作废该单据吗？"))
-        return;
-    VoidRows(program, bill, vouchers);
+    if (Ask(program, "确定作废该单据吗？"))
+        VoidRows(program, bill);
 }
 
 void FDelete(Program& program, BillText& bill)
 {
+    const Undertaking deleting(program);
     if (!CheckOperateRight(program, program.parameters.UserName, bill.kind->rights, Action::Delete))
         return;
     if (IsDayClosed(program, bill.DTPDate, true))
         return;
     if (bill.TxtBillCode.trimmed().isEmpty()) {
-        program.prompt.Inform("单据编号不存在，禁止当前操作！");
+        Inform(program, "单据编号不存在，禁止当前操作！");
         return;
     }
-    if (!program.prompt.Ask("删除当前单据吗？"))
+    if (!Ask(program, "删除当前单据吗？"))
         return;
-    const Recordset vouchers = VouchersOf(program, bill);
-    if (!vouchers)
-        return;
-    const bool deleted = WriteTogether(program, [&] {
-        DeleteVouchers(program, vouchers);
+    const auto write = [&] {
+        if (!MayChange(program, bill, "删除"))
+            return false;
+        DropVoucher(program, VouchersOf(program, bill));
         DeleteBill(program, bill);
-    });
-    if (!deleted)
+        return true;
+    };
+    if (!WriteTogether(program, bill, write, [&](const Recordset& head) {
+            return head.isEmpty() || !IsAsRead(bill, head); // another bill may have taken its number
+        }))
         return;
     program.prompt.Inform("单据已删除！");
     ClearBill(program, bill);

@@ -11,6 +11,7 @@
 #include <QString>
 #include <QStringList>
 #include <bitset>
+#include <optional>
 #include <vector>
 
 /// The commands whose keys a bill's state can lock. What is never locked is not listed.
@@ -95,8 +96,9 @@ struct BillText
     LineGrid MSH;
     bool totalMoneyShown = true; // hidden together with the column 金额
 
-    bool BillSavedFlag = false; // the bill exists in the database
-    BillContent unchanged;      // as last blanked, loaded or stored
+    bool BillSavedFlag = false;      // the bill exists in the database
+    std::optional<Moment> DateTimee; // of the stored head, as it was read or written; unset where it has none
+    BillContent unchanged;           // as last blanked, loaded or stored
     bool entryEnabled = true;   // head fields and grid take input
     std::bitset<static_cast<size_t>(Command::Count)> enabled;
 

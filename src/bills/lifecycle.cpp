@@ -18,7 +18,9 @@ void StepThroughMonth(Program& program, BillText& bill, int step)
     const int count = static_cast<int>(bill.navigation.size());
     if (count == 0)
         return;
-    const int from = bill.navigationIndex < 0 && step < 0 ? 0 : bill.navigationIndex;
+    // A bill that is not stored stands behind the one that was on the screen before it.
+    const bool isBehind = !bill.BillSavedFlag || bill.navigationIndex < 0;
+    const int from = bill.navigationIndex + (isBehind && step < 0 ? 1 : 0);
     bill.navigationIndex = (from + step + count) % count;
     FillBill(program, bill, bill.NavTableName, bill.navigation[bill.navigationIndex]);
 }
@@ -92,6 +94,7 @@ void ClearBill(Program& program, BillText& bill)
           &bill.TxtWarehouseCodeF, &bill.TxtWarehouseNameF, &bill.TxtWarehouseCodeS, &bill.TxtWarehouseNameS,
           &bill.TxtSaleMan, &bill.LabState, &bill.LabAuditing, &bill.TxtAuditing})
         text->clear();
+    bill.DateTimee.reset();
     bill.ClearOwn();
     BuildGridColumns(program, bill);
     bill.TxtOperator = program.parameters.UserName;

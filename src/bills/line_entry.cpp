@@ -20,31 +20,46 @@ Sql GoodByName(const QString& text)
     return Sql("select * from TabWare where Name=") + text + " or ZJF=" + text + " ";
 }
 
-/// What a line of the good costs: on an assembly, a line such as the current row.
-double ProposedCost(Program& program, const BillText& bill, const QString& code)
+/// What a line of the good costs: on an assembly, a line such as the current row with this 规格.
+std::optional<double> ProposedCost(Program& program, const BillText& bill, const QString& code, const QString& spec)
 {
-    const bool isPiece = bill.kind->lines == LineShape::Pieces;
-    const LineColumns at(*bill.kind);
-    return FetchRowCost(program, bill, code, isPiece ? RowDimensions(bill.MSH, at, bill.MSH.currentRow) : Dimensions{});
+    Dimensions dimensions;
+    if (bill.kind->lines == LineShape::Pieces) {
+        dimensions = RowDimensions(bill.MSH, LineColumns(*bill.kind), bill.MSH.currentRow);
+        dimensions.WareSpec = spec.trimmed();
+    }
+    return FetchRowCost(program, bill, code, dimensions);
 }
 
+enum class Written
+{
+    Done,
+    NoGood,  // the query of a goods column found none
+    Unknown, // the database did not answer, which has been shown; the row is as it was
+};
+
 /// Writes a row of TabWare to the current row, with a quantity of one at the good's cost.
-void WriteGood(Program& program, BillText& bill, const Recordset& good)
+Written WriteGood(Program& program, BillText& bill, const Recordset& good)
 {
     const LineColumns at(*bill.kind);
     LineGrid& grid = bill.MSH;
     const int row = grid.currentRow;
+    const bool isRevalued = bill.kind->lines == LineShape::Revalued;
+    const std::optional<double> cost =
+        isRevalued ? 0 : ProposedCost(program, bill, good.Text("Code"), good.Text("Spec"));
+    if (!cost)
+        return Written::Unknown;
     grid.SetCell(row, at.code, good.Text("Code"));
     grid.SetCell(row, at.name, good.Text("Name"));
     grid.SetCell(row, at.spec, good.Text("Spec"));
     grid.SetCell(row, at.unit, good.Text("Unite"));
-    if (bill.kind->lines == LineShape::Revalued) {
+    if (isRevalued) {
         grid.currentColumn = at.revaluation;
-        return;
+        return Written::Done;
     }
-    const double cost = ProposedCost(program, bill, good.Text("Code"));
     grid.SetCell(row, at.amount, FormatByDigits(qint64(1), program.gDot.Amount_DotLen));
-    grid.SetCell(row, at.cost, FormatByDigits(cost, program.gDot.Price_DotLen));
+    grid.SetCell(row, at.cost, FormatByDigits(*cost, program.gDot.Price_DotLen));
+    return Written::Done;
 }
 
 /// The figures that a commit formats; every other column keeps what was typed into it.
@@ -68,28 +83,28 @@ void RecalcRow(Program& program, BillText& bill, int row)
 }
 
 /// Writes the current cell, of a goods column the whole good.
-/// @return false where the query of a goods column found no good
-bool WriteCell(Program& program, BillText& bill, const QString& text, const Sql& query)
+Written WriteCell(Program& program, BillText& bill, const QString& text, const Sql& query)
 {
     LineGrid& grid = bill.MSH;
     const QString caption = grid.column(grid.currentColumn).caption;
     if (caption != u"商品编号" && caption != u"商品名称") {
         CommitText(program, grid, caption, text);
-        return true;
+        return Written::Done;
     }
-    const Recordset good = query.isEmpty() ? Recordset() : OpenQuery(program, query);
+    if (query.isEmpty())
+        return Written::NoGood;
+    const Recordset good = OpenQuery(program, query);
     if (good.isEmpty())
-        return false;
-    WriteGood(program, bill, good);
-    return true;
+        return good ? Written::NoGood : Written::Unknown;
+    return WriteGood(program, bill, good);
 }
 
-bool CommitCell(Program& program, BillText& bill, const QString& text, const Sql& query)
+Written CommitCell(Program& program, BillText& bill, const QString& text, const Sql& query)
 {
     const int row = bill.MSH.currentRow;
-    const bool found = WriteCell(program, bill, text, query);
+    const Written written = WriteCell(program, bill, text, query);
     RecalcRow(program, bill, row);
-    return found;
+    return written;
 }
 
 /// What Enter asks for in a goods column; empty elsewhere.
@@ -185,7 +200,7 @@ EnterOutcome EnterCell(Program& program, BillText& bill, const QString& text)
 bool WriteEntered(Program& program, BillText& bill, const QString& text)
 {
     bill.MSH.SetCell(bill.MSH.currentRow, bill.MSH.currentColumn, text);
-    return WriteCell(program, bill, text, GoodEntered(bill, text));
+    return WriteCell(program, bill, text, GoodEntered(bill, text)) == Written::Done;
 }
 
 std::optional<PickerNeeded> GoodsPicker(Program& program, const BillText& bill, const QString& text)
@@ -208,7 +223,7 @@ void ChooseGood(Program& program, BillText& bill, const QString& code)
 
 std::optional<PickerNeeded> Txt2ToMSH(Program& program, BillText& bill, const QString& text, const Sql& query)
 {
-    if (CommitCell(program, bill, text, query))
+    if (CommitCell(program, bill, text, query) != Written::NoGood)
         return {};
     auto picker = GoodsPicker(program, bill, text);
     if (picker && !text.isEmpty())
@@ -219,12 +234,17 @@ std::optional<PickerNeeded> Txt2ToMSH(Program& program, BillText& bill, const QS
 void ChooseUnit(Program& program, BillText& bill, const QString& unit)
 {
     LineGrid& grid = bill.MSH;
-    grid.SetCell(grid.currentRow, grid.currentColumn, unit);
+    const LineColumns at(*bill.kind);
     const QString code = CodeOfCurrentRow(bill);
-    if (bill.kind->lines != LineShape::Pieces || code.isEmpty())
+    if (bill.kind->lines != LineShape::Pieces || code.isEmpty()) {
+        grid.SetCell(grid.currentRow, grid.currentColumn, unit);
         return;
-    const double cost = ProposedCost(program, bill, code);
-    grid.SetCell(grid.currentRow, LineColumns(*bill.kind).cost, FormatByDigits(cost, program.gDot.Price_DotLen));
+    }
+    const std::optional<double> cost = ProposedCost(program, bill, code, grid.Cell(grid.currentRow, at.spec));
+    if (!cost)
+        return;
+    grid.SetCell(grid.currentRow, grid.currentColumn, unit);
+    grid.SetCell(grid.currentRow, at.cost, FormatByDigits(*cost, program.gDot.Price_DotLen));
     RecalcRow(program, bill, grid.currentRow);
 }
 
@@ -321,8 +341,11 @@ std::optional<double> PosInPrice(Program& program, const BillText& bill, const Q
 
 void PosInBill(Program& program, BillText& bill, const QString& code, double quantity)
 {
+    const Undertaking scanning(program); // a good of unknown cost is no line
+    const bool isPiece = bill.kind->lines == LineShape::Pieces;
     const Recordset good = GoodForLine(program, code);
-    if (good.isEmpty())
+    const double price = isPiece ? PosInPrice(program, bill, code).value_or(0) : 0;
+    if (good.isEmpty() || scanning.failed())
         return;
     const LineColumns at(*bill.kind);
     LineGrid& grid = bill.MSH;
@@ -333,9 +356,8 @@ void PosInBill(Program& program, BillText& bill, const QString& code, double qua
     grid.SetCell(row, at.unit, good.Text("Unite"));
     // A revaluation has no quantity: the number lands in the unnamed column.
     grid.SetCell(row, at.amount, FormatByDigits(quantity, program.gDot.Amount_DotLen));
-    if (bill.kind->lines == LineShape::Pieces)
-        grid.SetCell(row, at.cost,
-                     FormatByDigits(PosInPrice(program, bill, code).value_or(0), program.gDot.Price_DotLen));
+    if (isPiece)
+        grid.SetCell(row, at.cost, FormatByDigits(price, program.gDot.Price_DotLen));
     grid.AddRow();
     RecalcAllAmounts(program, bill);
 }

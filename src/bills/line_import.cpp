@@ -141,7 +141,7 @@ private:
         const DotType& places = m_program.gDot;
         Set(m_to.amount, FormatByDigits(number(m_from.amount), places.Amount_DotLen));
         if (m_to.cost != 0)
-            Set(m_to.cost, FormatByDigits(FetchRowCost(m_program, m_bill, code), places.Price_DotLen));
+            Set(m_to.cost, FormatByDigits(FetchRowCost(m_program, m_bill, code).value_or(0), places.Price_DotLen));
         Set(m_to.money, NumberText(number(m_from.money)));
         Set(m_to.revaluation, NumberText(number(m_from.revaluation)));
     }
@@ -193,6 +193,7 @@ std::optional<Outcome> Import(Program& program, BillText& bill, const QString& p
     std::optional<ImportSheet> sheet;
     SpreadsheetOf(program).Run([&](SpreadsheetApplication& office) { sheet = ReadImportSheet(office, path); },
                                SpreadsheetHost::Input::Passes);
+    const Undertaking importing(program); // an unknown cost is no 0
     LineWriter lines(program, bill, sheet->columns);
     const auto total = static_cast<int>(sheet->rows.size());
     Outcome outcome;
@@ -208,6 +209,8 @@ std::optional<Outcome> Import(Program& program, BillText& bill, const QString& p
         else
             lines.Write(sheet->rows[row], good);
     }
+    if (importing.failed())
+        return {};
     outcome.lines = lines.grid().lastRow() - 1;
     if (outcome.lines == 0)
         return outcome;

@@ -2,6 +2,7 @@
 
 #include "data/decimals.h"
 #include "data/lookups.h"
+#include "handover/undertaking.h"
 #include "stock/unit_cost.h"
 
 #include <QtNumeric>
@@ -45,15 +46,18 @@ Dimensions RowDimensions(const LineGrid& grid, const LineColumns& at, int row)
     return {PathHead(cell(at.attribute)), cell(at.spec), cell(at.manufacturer), cell(at.brand), cell(at.batch)};
 }
 
-double FetchRowCost(Program& program, const BillText& bill, const QString& code, const Dimensions& dimensions)
+std::optional<double> FetchRowCost(Program& program, const BillText& bill, const QString& code,
+                                   const Dimensions& dimensions)
 {
+    const Undertaking asking(program);
     CostQuestion question;
     question.moment = {bill.DTPDate, program.clock.Now().millisecondOfDay};
     question.wareCode = code;
     question.dimensions = dimensions;
     question.moneyName = CostCurrency(program, bill);
     question.auditedOnly = IsAuditedBillCounted(program);
-    return GetUnitCost(program, question);
+    const double cost = GetUnitCost(program, question);
+    return asking.failed() ? std::nullopt : std::optional(cost);
 }
 
 void RecalcRowAmount(const Program& program, BillText& bill, int row)

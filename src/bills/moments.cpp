@@ -1,6 +1,7 @@
 #include "bills/moments.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace {
 
@@ -17,4 +18,9 @@ Moment RisingMoments::Next()
     const int time = std::max(m_next, std::min(m_clock.Now().millisecondOfDay, latest));
     m_next = time + kStep;
     return {m_day, time};
+}
+
+bool IsSameMoment(const Moment& a, const Moment& b)
+{
+    return a.day == b.day && std::abs(a.millisecondOfDay - b.millisecondOfDay) < kStep;
 }

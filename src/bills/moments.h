@@ -20,3 +20,6 @@ private:
     int m_left;
     int m_next = 0; // the earliest millisecond of the day for the next one
 };
+
+/// Whether two moments are one as the coarsest server keeps it: it rounds by less than two rows of a save lie apart.
+bool IsSameMoment(const Moment& a, const Moment& b);

@@ -160,6 +160,8 @@ void PasteTable(Program& program, BillText& bill, const QString& text)
     LineGrid& grid = bill.MSH;
     if (!bill.entryEnabled || !WarehousePrecheck(program, bill))
         return;
+    const Undertaking pasting(program);
+    const LineGrid before = grid;
     const std::vector<int> columns = ColumnsFromCurrent(grid);
     const int firstColumn = grid.currentColumn;
     int row = grid.currentRow;
@@ -168,6 +170,10 @@ void PasteTable(Program& program, BillText& bill, const QString& text)
         const bool isBlank = std::ranges::all_of(texts, [](const QString& cell) { return cell.isEmpty(); });
         if (!isBlank)
             WriteRow(program, bill, row++, columns, texts, unknown);
+    }
+    if (pasting.failed()) { // a good or a cost that is not known would be stored as none
+        grid = before;
+        return;
     }
     grid.currentRow = unknown.empty() ? std::max(1, row - 1) : unknown.front().row;
     grid.currentColumn = unknown.empty() ? firstColumn : unknown.front().column;

@@ -2,6 +2,7 @@
 
 #include "bills/audit.h"
 #include "bills/save_rows.h"
+#include "bills/stored_head.h"
 #include "data/decimals.h"
 #include "data/lookups.h"
 #include "stock/cost_rewrite.h"
@@ -9,14 +10,6 @@
 namespace {
 
 using HeadRow = Row (*)(const Save& save, const Moment& moment);
-
-enum class Outcome
-{
-    Stored,
-    NotStored, // the reason has been shown
-    CodeTaken,
-    NoMoney, // a figure came out too large for money
-};
 
 /// What the set prices of all lines differ from their costs by, as the grid shows them.
 Currency BillPriceDifference(const Save& save)
@@ -142,20 +135,44 @@ Outcome WriteBill(Save& save, HeadRow head, bool rewrite)
     if (!unit.isOpen())
         return Outcome::NotStored;
     if (rewrite) {
-        if (!MayReplace(program, bill))
+        if (!MayChange(program, bill, "修改")) // one that is gone is stored afresh
             return Outcome::NotStored;
         DeleteRows(program, bill);
     }
-    const Moment moment = save.moments.Next();
+    save.headMoment = save.moments.Next();
     if (const Room room = RoomFor(program, bill); room != Room::Free)
         return room == Room::Taken ? Outcome::CodeTaken : Outcome::NotStored;
-    OpenQuery(program, InsertInto(Name(bill.kind->headTable), head(save, moment)));
+    OpenQuery(program, InsertInto(Name(bill.kind->headTable), head(save, save.headMoment)));
     for (int row = 1; row < bill.MSH.lastRow(); ++row) {
         if (!WriteLine(save, row))
             return Outcome::NoMoney;
     }
-    return unit.Commit() ? Outcome::Stored : Outcome::NotStored;
+    return CommitBill(unit, save);
 }
+
+Outcome AskAndWrite(Program& program, BillText& bill, HeadRow head)
+{
+    const std::optional<bool> rewrite = AskRewrite(program, bill);
+    if (!rewrite)
+        return Outcome::Declined;
+    Save save(program, bill);
+    const Outcome outcome = WriteBill(save, head, *rewrite);
+    if (outcome == Outcome::Stored)
+        bill.DateTimee = save.headMoment;
+    return outcome;
+}
+
+Posting SaveBill(Program& program, BillText& bill, HeadRow head)
+{
+    const Outcome outcome = AskAndWrite(program, bill, head);
+    if (outcome == Outcome::CodeTaken)
+        Inform(program, "单编号重复，请重新执行保存！");
+    if (outcome == Outcome::NoMoney)
+        Inform(program, "单价与成本价的差额超出系统所能保存的范围，请修改后再保存！");
+    return PostingOf(outcome, bill);
+}
+
+} // namespace
 
 void ShowAsSaved(Program& program, BillText& bill)
 {
@@ -171,31 +188,6 @@ void ShowAsSaved(Program& program, BillText& bill)
     bill.SetEnabled(Command::Print, true);
     program.prompt.Inform("保存成功！");
 }
-
-Posting SaveBill(Program& program, BillText& bill, HeadRow head)
-{
-    const std::optional<bool> rewrite = AskRewrite(program, bill);
-    if (!rewrite)
-        return {};
-    Save save(program, bill);
-    switch (WriteBill(save, head, *rewrite)) {
-    case Outcome::CodeTaken:
-        program.prompt.Inform("单编号重复，请重新执行保存！");
-        return {};
-    case Outcome::NoMoney:
-        program.prompt.Inform("单价与成本价的差额超出系统所能保存的范围，请修改后再保存！");
-        return {};
-    case Outcome::NotStored:
-        return {};
-    case Outcome::Stored:
-        break;
-    }
-    const Posting posting = {true, bill.TxtBillCode.trimmed(), bill.MSH.lastRow() - 1};
-    ShowAsSaved(program, bill);
-    return posting;
-}
-
-} // namespace
 
 Posting SaveTransferBill(Program& program, BillText& bill)
 {

@@ -4,13 +4,15 @@
 // is there already. Head and lines are stored together or not at all.
 
 #include "bills/bill_text.h"
-#include "handover/program.h"
+#include "handover/undertaking.h"
 
 /// What a save has made of the bill.
 struct Posting
 {
-    bool stored = false; // the rows were committed; a statement that failed among them has been shown
-    QString code;
+    bool stored = false;   // the rows were committed
+    bool declined = false; // nothing was: the user would rather not replace the stored bill
+    bool unknown = false;  // whether they were is not known, which has been said
+    QString code{};
     int lines = 0; // rows written
 };
 
@@ -18,3 +20,17 @@ struct Posting
 Posting SaveTransferBill(Program& program, BillText& bill);
 /// 商品调价单, 盘点报损单 and 盘点报溢单.
 Posting SaveStockBill(Program& program, BillText& bill);
+
+/// A stored bill on its screen, audited if so wished.
+void ShowAsSaved(Program& program, BillText& bill);
+
+/// After a save that stored nothing the number that it drew goes back, and where the database did not answer, the whole
+/// screen is as it was before.
+template <typename Bill>
+void TakeBack(Bill& bill, const Bill& before, const Undertaking& save)
+{
+    if (save.failed())
+        bill = before;
+    bill.TxtBillCode = before.TxtBillCode;
+    bill.TxtDate = before.TxtDate;
+}

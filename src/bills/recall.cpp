@@ -64,6 +64,7 @@ void ShowHead(const Program& program, BillText& bill, const Recordset& head)
     bill.DTPDate = day ? *day : WorkingDate(program);
     bill.TxtDate = day ? DayText(*day) : QString();
     bill.TxtBillCode = head.Text("Code");
+    bill.DateTimee = head.MomentAt("DateTimee");
     ShowWarehouses(bill, head);
     bill.TxtOperator = head.Text("Operator");
     bill.TxtMemo = head.Text("Remark");
@@ -139,6 +140,7 @@ bool FillBill(Program& program, BillText& bill, const QString& tableName, const 
         program.prompt.Inform("本窗口不能打开 " + tableName + " 中的单据！");
         return false;
     }
+    const Undertaking recall(program);
     // All is asked for before anything on the screen gives way to it.
     const Recordset head = OpenQuery(program, Sql("select * from ") + Name(tableName) + " where Code=" + billCode);
     if (head.isEmpty()) {
@@ -161,6 +163,8 @@ bool FillBill(Program& program, BillText& bill, const QString& tableName, const 
         ShowLines(program, bill, lines, LineDetail::All);
     ShowState(bill, head.Text("State").trimmed());
     RefreshWindowState(program, bill);
+    if (recall.failed()) // an attribute is not known whole: saved again it would be lost
+        SetWindowEnabled(bill, false);
     MarkUnchanged(bill);
     return true;
 }

@@ -1,8 +1,8 @@
 #include "bills/save_rows.h"
 
+#include "bills/stored_head.h"
 #include "data/decimals.h"
 #include "data/lookups.h"
-#include "data/periods.h"
 
 Save::Save(Program& p, const BillText& b)
     : program(p),
@@ -92,22 +92,28 @@ Row LineRow(const Save& save, int row, const Moment& moment, const LineFigures& 
     return values;
 }
 
-bool MayReplace(Program& program, const BillText& bill)
+Outcome CommitBill(SaveUnit& unit, const Save& save)
 {
-    const Recordset head = OpenQuery(program, Sql("select Datee,State,Auditing from ") + Name(bill.kind->headTable) +
-                                                  " where Code=" + bill.TxtBillCode.trimmed());
-    if (!head || head.isEmpty()) // a bill that is gone is stored afresh
-        return static_cast<bool>(head);
-    const auto refuse = [&program](const QString& text) {
-        Inform(program, text);
-        return false;
-    };
-    if (head.Text("State").trimmed() == u"作废")
-        return refuse("该单据已被其他用户作废，禁止修改！");
-    if (!head.Text("Auditing").trimmed().isEmpty() && bill.TxtAuditing.trimmed().isEmpty())
-        return refuse("该单据已被其他用户审核，禁止修改！");
-    const std::optional<QDate> day = head.Day("Datee");
-    return !day || !IsDayClosed(program, *day, false) || refuse("今天已结转，禁止当前操作！");
+    const BillText& bill = save.bill;
+    const std::optional<bool> stored = unit.Commit([&]() -> std::optional<bool> {
+        const Recordset head = StoredHead(save.program, bill);
+        const std::optional<Moment> moment = head.MomentAt("DateTimee");
+        return head ? std::optional(moment && IsSameMoment(*moment, save.headMoment)) : std::nullopt;
+    });
+    if (stored)
+        return *stored ? Outcome::Stored : Outcome::NotStored;
+    const QString code = bill.TxtBillCode.trimmed();
+    save.program.prompt.Inform("与数据库的连接在保存时中断，不能确定单据 " + code + " 是否已经保存！" + "\r\n" +
+                               "请在连接恢复后查找编号为 " + code + "、录单日期为 " + DayText(bill.DTPDate) +
+                               " 的单据：已存在则不要再次保存，不存在再重新保存。");
+    return Outcome::Unknown;
+}
+
+Posting PostingOf(Outcome outcome, const BillText& bill)
+{
+    if (outcome == Outcome::Stored)
+        return {.stored = true, .code = bill.TxtBillCode.trimmed(), .lines = bill.MSH.lastRow() - 1};
+    return {.declined = outcome == Outcome::Declined, .unknown = outcome == Outcome::Unknown};
 }
 
 Room RoomFor(Program& program, const BillText& bill)
@@ -123,8 +129,8 @@ Room RoomFor(Program& program, const BillText& bill)
 std::optional<bool> AskRewrite(Program& program, const BillText& bill)
 {
     const bool rewrite = IsStored(program, bill).value_or(false) && bill.BillSavedFlag;
-    if (!rewrite || program.prompt.Ask("如果确定修改则按是，否则按否退出重新执行保存！"))
+    if (!rewrite || Ask(program, "如果确定修改则按是，否则按否退出重新执行保存！"))
         return rewrite;
-    program.prompt.Inform("修改单据失败！");
+    Inform(program, "修改单据失败！");
     return {};
 }

@@ -5,6 +5,7 @@
 
 #include "bills/line_totals.h"
 #include "bills/moments.h"
+#include "bills/posting.h"
 #include "handover/open_query.h"
 #include "stock/unit_cost.h"
 
@@ -19,6 +20,7 @@ struct Save
     const bool auditedOnly;
     const QString moneyName; // of the cost questions
     RisingMoments moments;
+    Moment headMoment{}; // the bill is told from others of its number by it
 
     Save(Program& p, const BillText& b);
 
@@ -44,8 +46,20 @@ CostQuestion LineCostQuestion(const Save& save, int row, const Moment& moment);
 /// A row of the line table.
 Row LineRow(const Save& save, int row, const Moment& moment, const LineFigures& figures);
 
-/// Whether the stored bill is still as open as the screen that is to replace it; otherwise the user has been told.
-bool MayReplace(Program& program, const BillText& bill);
+/// How a save has ended. What went wrong has been said.
+enum class Outcome
+{
+    NotStored,
+    Stored,
+    Declined, // the user would rather not replace the stored bill
+    CodeTaken,
+    NoMoney, // a figure came out too large for money
+    Unknown, // the database was lost before it answered
+};
+/// Stores the rows; a commit that is not answered is looked for.
+Outcome CommitBill(SaveUnit& unit, const Save& save);
+Posting PostingOf(Outcome outcome, const BillText& bill);
+
 enum class Room
 {
     Free,

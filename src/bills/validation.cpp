@@ -36,7 +36,7 @@ bool RefuseCell(Program& program, BillText& bill, int row, int column, const QSt
 
 bool Refuse(Program& program, const QString& text)
 {
-    program.prompt.Inform(text);
+    Inform(program, text);
     return false;
 }
 
@@ -99,6 +99,21 @@ bool CheckGood(Program& program, BillText& bill, const LineColumns& at, int row)
                               "或者双击商品编号列所在行选择商品信息。");
     grid.SetCell(row, at.code, good.Text("Code"));
     grid.SetCell(row, at.name, good.Text("Name"));
+    return true;
+}
+
+/// What no good bears counts in the totals and in no account.
+bool CheckBlank(Program& program, BillText& bill, const LineColumns& at, int row)
+{
+    const LineGrid& grid = bill.MSH;
+    if (!grid.Cell(row, at.code).trimmed().isEmpty() || !grid.Cell(row, at.name).trimmed().isEmpty())
+        return true;
+    for (const int column : {at.amount, at.money, at.revaluation}) {
+        if (CellFigure(grid, row, column) != 0)
+            return RefuseCell(program, bill, row, at.code,
+                              RowWord(row) + " 录入了" + grid.Cell(0, column) +
+                                  "但没有商品，请选择商品或清空该行之后再保存！");
+    }
     return true;
 }
 
@@ -211,6 +226,7 @@ bool CheckBillLines(Program& program, BillText& bill, OnlyCodeTest test)
     const LineColumns at(*bill.kind);
     for (int row = 1; row <= bill.MSH.lastRow(); ++row) {
         if (!CheckQuantity(program, bill, at, row) || !CheckGood(program, bill, at, row) ||
+            !CheckBlank(program, bill, at, row) ||
             !CheckDay(program, bill, at.madeOn, "生产日期", row) ||
             !CheckDay(program, bill, at.validUntil, "有效日期", row) || !CheckOnlyCode(program, bill, at, row, test))
             return false;
@@ -222,7 +238,7 @@ bool CheckStockEnough(Program& program, const BillText& bill, const QString& cod
                       const OwnRows& own)
 {
     if (code.isEmpty()) {
-        program.prompt.Inform("不能确定商品编号！");
+        Inform(program, "不能确定商品编号！");
         return true;
     }
     StockQuestion question;
@@ -240,7 +256,7 @@ bool CheckStockEnough(Program& program, const BillText& bill, const QString& cod
         return false;
 
     const auto figure = [](double value) { return QString::number(value, 'g', 15); };
-    program.prompt.Inform("库存数量不足！截至 " + DayText(bill.DTPDate) + " 时，" + bill.TxtWarehouseNameF.trimmed() +
+    Inform(program, "库存数量不足！截至 " + DayText(bill.DTPDate) + " 时，" + bill.TxtWarehouseNameF.trimmed() +
                           " 中库存量为" + figure(stock) + "，因此最多只能开出 " + figure(std::fmax(stock, 0)) +
                           "，请调整！");
     return true;

@@ -61,28 +61,13 @@ DayState StateOf(Program& program, const QDate& day)
     }
     return DayState::Open;
 }
-
-/// The first day of the accounting month that a day falls into; invalid where its period cannot be told.
-QDate PeriodOf(Program& program, const QDate& day)
-{
-    if (!day.isValid())
-        return {};
-    const QDate start = GetPeriodStartDate(program, day.year(), day.month());
-    const QDate end = GetPeriodEndDate(program, day.year(), day.month());
-    if (!start.isValid() || !end.isValid())
-        return {};
-    const QDate month(day.year(), day.month(), 1);
-    if (day > end)
-        return month.addMonths(1);
-    return day < start ? month.addMonths(-1) : month;
-}
 } // namespace
 
 bool IsDayClosed(Program& program, const QDate& day, bool showMessage)
 {
     const DayState state = StateOf(program, day);
     if (state == DayState::Closed && showMessage)
-        program.prompt.Inform("今天已结转，禁止当前操作！");
+        Inform(program, "今天已结转，禁止当前操作！");
     return state != DayState::Open;
 }
 
@@ -119,14 +104,34 @@ QDate GetPeriodEndDate(Program& program, int year, int month)
     return QDate(year, month, GetPeriodEndDay(program, QString::number(month), QString::number(year)).toInt());
 }
 
+std::optional<AccountingPeriod> AccountingPeriodOf(Program& program, const QDate& day)
+{
+    if (!day.isValid())
+        return {};
+    const QDate start = GetPeriodStartDate(program, day.year(), day.month());
+    const QDate end = GetPeriodEndDate(program, day.year(), day.month());
+    if (!start.isValid() || !end.isValid())
+        return {};
+    const QDate calendar(day.year(), day.month(), 1);
+    const QDate month = calendar.addMonths(day > end ? 1 : day < start ? -1 : 0);
+    return AccountingPeriod{start, end, month.year(), month.month()};
+}
+
+UnformedPeriod UnformedPeriodOf(Program& program, const QDate& day)
+{
+    const bool isOwn = !GetPeriodEndDate(program, day.year(), day.month()).isValid();
+    const QDate month = QDate(day.year(), day.month(), 1).addMonths(isOwn ? 0 : -1);
+    return {month.year(), month.month(), GetPeriodEndDay(program, QString::number(month.month()), {})};
+}
+
 QString GetPeriodMonth(Program& program, const QDate& day)
 {
-    const QDate period = PeriodOf(program, day);
-    return period.isValid() ? QString::number(period.month()) : QString();
+    const std::optional<AccountingPeriod> period = AccountingPeriodOf(program, day);
+    return period ? QString::number(period->month) : QString();
 }
 
 QString GetPeriodYear(Program& program, const QDate& day)
 {
-    const QDate period = PeriodOf(program, day);
-    return period.isValid() ? QString::number(period.year()) : QString();
+    const std::optional<AccountingPeriod> period = AccountingPeriodOf(program, day);
+    return period ? QString::number(period->year) : QString();
 }

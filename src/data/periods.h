@@ -4,6 +4,8 @@
 
 #include "handover/program.h"
 
+#include <optional>
+
 /// Whether a warehouse or day closing lies on or after this day. With `showMessage` a closed day is said to the user.
 /// A question that the database does not answer protects: its error has been shown and the day counts as closed.
 bool IsDayClosed(Program& program, const QDate& day, bool showMessage);
@@ -18,6 +20,25 @@ QString GetMonthEndDay(Program& program, const QString& month, const QString& ye
 /// First and last day of an accounting period. Invalid where TabAccountAreaSet names a day that the month lacks.
 QDate GetPeriodStartDate(Program& program, int year, int month);
 QDate GetPeriodEndDate(Program& program, int year, int month);
-/// Accounting month and year that a day falls into, as text; empty for an invalid day.
+
+/// First and last day of the period of a day's calendar month, and the accounting year and month of the day itself.
+struct AccountingPeriod
+{
+    QDate start;
+    QDate end;
+    int year;
+    int month;
+};
+/// Unset for an invalid day and where TabAccountAreaSet names a day that the month, or the one before it, lacks.
+std::optional<AccountingPeriod> AccountingPeriodOf(Program& program, const QDate& day);
+/// The month that keeps a day's period from being formed, and its closing day in TabAccountAreaSet.
+struct UnformedPeriod
+{
+    int year;
+    int month;
+    QString closingDay;
+};
+UnformedPeriod UnformedPeriodOf(Program& program, const QDate& day);
+/// Accounting month and year that a day falls into, as text; empty where there is no such period.
 QString GetPeriodMonth(Program& program, const QDate& day);
 QString GetPeriodYear(Program& program, const QDate& day);

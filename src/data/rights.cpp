@@ -67,6 +67,8 @@ bool CheckCloudLogin(Program& program)
     const QString device = QString::fromLatin1(QSysInfo::machineUniqueId()).trimmed();
     const Recordset rs = OpenQuery(program, Sql("select UserCode from TabCloudAccountLoginInf ") +
                                                 " where Account=" + account + " and Account2=" + account2 + " ");
+    if (!rs)
+        return false;
     const QString lastDevice = rs.Text("UserCode").trimmed();
     if (!lastDevice.isEmpty() && lastDevice != device)
         return Refuse(program, "本云账号已在别的终端设备上登陆，本终端自动终止操作！");
