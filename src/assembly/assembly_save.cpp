@@ -5,6 +5,7 @@
 #include "assembly/voucher.h"
 #include "bills/bill_content.h"
 #include "bills/lifecycle.h"
+#include "handover/open_query.h"
 
 namespace {
 

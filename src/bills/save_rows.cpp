@@ -111,9 +111,10 @@ Outcome CommitBill(SaveUnit& unit, const Save& save)
 
 Posting PostingOf(Outcome outcome, const BillText& bill)
 {
-    if (outcome == Outcome::Stored)
-        return {.stored = true, .code = bill.TxtBillCode.trimmed(), .lines = bill.MSH.lastRow() - 1};
-    return {.declined = outcome == Outcome::Declined, .unknown = outcome == Outcome::Unknown};
+    Posting posting = {outcome == Outcome::Stored, outcome == Outcome::Declined, outcome == Outcome::Unknown};
+    if (posting.stored || posting.unknown)
+        posting.code = bill.TxtBillCode.trimmed();
+    return posting;
 }
 
 Room RoomFor(Program& program, const BillText& bill)

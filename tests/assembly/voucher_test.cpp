@@ -231,6 +231,23 @@ TEST_F(VoucherTest, PeriodsOfTheAccountingCalendar)
     EXPECT_EQ(Rows("select DateeY,DateeM from TabWriteAccountant"), QStringList("2023|3"));
 }
 
+TEST_F(VoucherTest, APeriodThatCannotBeFormedIsNamedAndWritesNoVoucher)
+{
+    SaveAssembly();
+    const QStringList vouchers = Rows("select * from TabWarrant") + Rows("select * from TabWarrantInf");
+    TypeAndLeave("TxtFee", "20");
+    for (const auto& [month, day] : {std::pair(1, 32), {2, 30}}) {
+        test.Insert("TabAccountAreaSet", {{"DateeM", month}, {"DateeD", day}});
+        const QStringList boxes = SaveAgain();
+        ASSERT_EQ(boxes.size(), 2);
+        EXPECT_TRUE(boxes[0].contains(QString("TabAccountAreaSet）中 %1 月的结账日为 %2").arg(month).arg(day)));
+        EXPECT_EQ(boxes[1], kSaved);
+        test.Run(Sql("delete from TabAccountAreaSet"));
+    }
+    EXPECT_EQ(Rows("select Report,Fee from TabWareGroup"), QStringList("|20"));
+    EXPECT_EQ(Rows("select * from TabWarrant") + Rows("select * from TabWarrantInf"), vouchers);
+}
+
 TEST_F(VoucherTest, ARefusedRewriteStillWritesTheVoucher)
 {
     SaveAssembly();

@@ -84,11 +84,14 @@ TEST_F(LifecycleTest, VoidingRespectsClosingsAndVouchers)
     test.Run(Sql("update TabWarrant set State='未审核'"));
     EXPECT_EQ(Void(), QStringList("确定作废该单据吗？"));
     EXPECT_EQ(Rows("select Code from TabWarrant").size(), 1) << "the question was answered with no";
-    // Another user has deleted the bill: its voucher goes all the same.
+    // Another user has deleted the bill: its voucher goes all the same, and that of no bill stays.
+    test.Insert("TabWarrant", {{"Code", "PZD2"}, {"State", "未审核"}});
     test.Run(Sql("delete from TabCheckLose"));
     test.prompt.answers = {true};
     EXPECT_EQ(Void(), QStringList({"确定作废该单据吗？", "单编号不存在，作废失败！"}));
-    EXPECT_EQ(Rows("select Code from TabWarrant union select BillCode from TabWarrantInf"), QStringList());
+    bill.TxtBillCode.clear();
+    EXPECT_EQ(Void(), QStringList("本单据开单日期不详，系统禁止作废！"));
+    EXPECT_EQ(Rows("select Code from TabWarrant union select BillCode from TabWarrantInf"), QStringList("PZD2"));
 }
 
 TEST_F(LifecycleTest, DeletingRemovesEverythingButTheLinesOfASetPriceTransfer)

@@ -95,7 +95,7 @@ TEST_F(PostingTest, ARewriteAsksAndReplacesTheRows)
 
     bill.TxtMemo = "改";
     EXPECT_EQ(Save(), QStringList({"如果确定修改则按是，否则按否退出重新执行保存！", "修改单据失败！"}));
-    EXPECT_FALSE(posting.stored);
+    EXPECT_TRUE(!posting.stored && posting.declined);
     EXPECT_EQ(Rows("select Remark from TabSamePriceMove"), QStringList(""));
 
     test.prompt.answers = {true, true};
@@ -131,6 +131,27 @@ TEST_F(PostingTest, ATakenCodeIsSaidAndTheNextSaveDrawsANewOne)
     EXPECT_EQ(bill.navigation, QStringList({"TDD202302080001", "TDD202302080002"}));
 }
 
+TEST_F(PostingTest, ABlankBillFollowsWhatWasStoredAndNothingElse)
+{
+    OpenWithLine("盘点报损");
+    bill.ChAutoAdd = true;
+    bill.TxtWarehouseNameS = "无此仓";
+    bill.TxtWarehouseCodeS.clear();
+    Save();
+    EXPECT_EQ(Cell(1, "商品编号"), "A001") << "refused by a check";
+    test.Insert("TabCheckLose", {{"Code", "BSD202302090001"}, {"Datee", QDate(2023, 2, 9)}, {"State", "正常"}});
+    bill.TxtWarehouseCodeS = "102";
+    Save();
+    ASSERT_TRUE(posting.stored);
+    EXPECT_EQ(bill.TxtBillCode, "");
+    const BillText blank = bill;
+    PreviousBill(test.program, bill);
+    EXPECT_EQ(bill.TxtBillCode, posting.code) << "the bill just saved, not the one before it";
+    bill = blank;
+    NextBill(test.program, bill);
+    EXPECT_EQ(bill.TxtBillCode, "BSD202302090001");
+}
+
 TEST_F(PostingTest, AnAutoAuditedBillSaysThatItIsAudited)
 {
     Open("盘点报损");
@@ -159,6 +180,28 @@ TEST_F(PostingFaults, AFailingStatementTakesTheBillBack)
     ASSERT_EQ(boxes.size(), 1);
     EXPECT_TRUE(boxes[0].startsWith("Error:"));
     EXPECT_EQ(Rows("select Code from TabSamePriceMove"), QStringList());
+    // Its number is gone from the screen, and so is the day that a void would go by.
+    EXPECT_EQ(bill.TxtBillCode + bill.TxtDate, "");
+    VoidBill(test.program, bill);
+    AuditBill(test.program, bill);
+    EXPECT_EQ(test.Boxes(), "本单据开单日期不详，系统禁止作废！|请先保存单据后再审核！");
+}
+
+TEST_F(PostingFaults, AnUnknownCostIsNoLineAndNoSave)
+{
+    OpenWithLine("同价调拨");
+    test.Run(Sql("alter table TabWarehouseTurn rename to Held"));
+    const BillText before = bill;
+    for (const char* code : {"A001", "B001"}) {
+        AddLine(code);
+        EXPECT_TRUE(test.Boxes().startsWith("Error:"));
+        EXPECT_EQ(bill.MSH.Row(2), before.MSH.Row(2));
+    }
+    bill.MSH = before.MSH;
+    const QStringList boxes = Save();
+    EXPECT_EQ(boxes.size(), 1) << boxes.join('|').toStdString();
+    EXPECT_EQ(Rows("select Code from TabSamePriceMove"), QStringList());
+    EXPECT_EQ(bill.TxtBillCode, "");
 }
 
 TEST_F(PostingFaults, AUnitThatCannotBeStoredLeavesTheBillAsItWas)

@@ -86,6 +86,22 @@ TEST_F(ValidationTest, TheChainRefusesOneThingAfterAnother)
     EXPECT_EQ(Check(), QStringList("单据编号不能为空！"));
 }
 
+TEST_F(ValidationTest, AFigureWithoutAGoodIsNamed)
+{
+    const std::tuple<const char*, const char*, int> cases[] = {
+        {"盘点报损", "数量", 2}, {"异价调拨", "数量", 1}, {"商品调价", "调价金额", 2}};
+    for (const auto& [operation, caption, row] : cases) {
+        OpenWithLine(operation, {{caption, "3"}});
+        bill.MSH.AddRow();
+        Type(row, caption, "4");
+        if (row == 1) // the good was taken out of a line
+            for (const char* column : {"商品编号", "商品名称"})
+                bill.MSH.SetCell(row, ColumnIndex(*bill.kind, QString(column)), {});
+        EXPECT_EQ(Check(), QStringList("第 " + QString::number(row) + " 行 录入了" + caption +
+                                       "但没有商品，请选择商品或清空该行之后再保存！"));
+    }
+}
+
 TEST_F(ValidationTest, TheCurrencyBoxesHaveASecondKey)
 {
     test.program.parameters.IsLotMoney = true;

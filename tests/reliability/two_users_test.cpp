@@ -80,21 +80,68 @@ TEST_F(TwoUsers, ABillThatWasLockedMeanwhileIsNotReplaced)
     }
 }
 
-TEST_F(TwoUsers, TheSecondSaveReplacesTheFirstWhole)
+/// Another user saved it again, or deleted it and a new bill has drawn its number.
+TEST_F(TwoUsers, WhatIsAnotherBillByNowIsLeftAlone)
 {
+    struct Command
+    {
+        void (*run)(Program& program, BillText& bill);
+        const char* question;
+        const char* word;
+    };
+    const Command commands[] = {
+        {[](Program& program, BillText& bill) { Save(program, bill); }, "如果确定修改则按是，否则按否退出重新执行保存！",
+         "修改"},
+        {VoidBill, "确定作废该单据吗？", "作废"},
+        {FDelete, "删除当前单据吗？", "删除"},
+        {AuditBill, "", "审核"},
+    };
     for (const char* operation : {"异价调拨", "盘点报损", "商品组装"}) {
-        SCOPED_TRACE(operation);
-        OpenOnBoth(operation);
-        const QStringList untouched = Rows();
-        EXPECT_EQ(SaveMine(), QStringList({kQuestion, kSaved}));
-        AddLine(other, *others, {"A002", 9, 20});
-        AddLine(other, *others, {"A002", 8, 20});
-        Save(other, *others);
-        EXPECT_NE(Rows(), untouched);
-        test.prompt.answers = {true};
-        EXPECT_EQ(SaveMine(), QStringList({kQuestion, kSaved}));
-        EXPECT_EQ(Rows().filter(mine->kind->lineTable + QString("|")).filter(code).size(), 2);
+        for (const bool redrawn : {false, true}) {
+            for (const Command& command : commands) {
+                SCOPED_TRACE(std::string(operation) + command.word);
+                OpenOnBoth(operation);
+                test.clock.now.millisecondOfDay += 60000;
+                if (redrawn) {
+                    FDelete(other, *others);
+                    others = TypeBill(other, {mine->kind, {{"A001", 5}}});
+                } else {
+                    AddLine(other, *others, {"A002", 9, 20});
+                }
+                otherPrompt.answers = {true};
+                EXPECT_EQ(Save(other, *others).code, code);
+                const QStringList before = Rows();
+                test.prompt.answers = {true};
+                command.run(test.program, *mine);
+                const QString refusal = QString("该单据已被其他用户修改，禁止") + command.word + "！";
+                QStringList boxes = {command.question, refusal};
+                boxes.removeAll(QString());
+                EXPECT_EQ(test.prompt.TakeTexts(), boxes);
+                EXPECT_EQ(Rows(), before);
+                otherPrompt.answers = {true, true};
+                FDelete(other, *others);
+            }
+        }
     }
+}
+
+TEST_F(TwoUsers, AnAuditMadeMeanwhileKeepsTheBill)
+{
+    for (const auto& [command, word] : {std::pair(VoidBill, "作废"), {FDelete, "删除"}}) {
+        OpenOnBoth("盘点报溢");
+        AuditBill(other, *others);
+        const QStringList before = Rows();
+        command(test.program, *mine);
+        EXPECT_EQ(test.prompt.TakeTexts().last(), QString("该单据已被其他用户审核，禁止") + word + "！");
+        EXPECT_EQ(Rows(), before);
+    }
+    // The stored day counts, whatever the box says.
+    OpenOnBoth("盘点报溢");
+    test.Insert("TabTurnDay", {{"Datee", QDate(2023, 2, 10)}});
+    mine->DTPDate = QDate(2023, 2, 20);
+    FDelete(test.program, *mine);
+    EXPECT_EQ(test.prompt.TakeTexts().last(), "今天已结转，禁止当前操作！");
+    EXPECT_EQ(Rows().filter(code).filter("TabCheckOver|").size(), 1);
 }
 
 TEST_F(TwoUsers, ABillThatWasDeletedMeanwhileIsStoredAfresh)

@@ -19,11 +19,13 @@ public:
     }
     void CommitUnit() override
     {
+        if (m_fault.kind == FaultKind::Unheard && m_fault.statements + 1 == m_fault.at)
+            m_store->CommitUnit();
         Strike("commit");
         m_store->CommitUnit();
     }
     void RollbackUnit() override { m_store->RollbackUnit(); }
-    bool isLost() const override { return !m_store && m_fault.kind == FaultKind::Lost; }
+    bool isLost() const override { return !m_store && (m_fault.kind == FaultKind::Lost || m_fault.kind == FaultKind::Unheard); }
     bool inUnit() const override { return m_store && m_store->inUnit(); }
 
 private:
@@ -40,7 +42,7 @@ private:
         }
         if (m_fault.kind == FaultKind::FullDisk && m_store->inUnit())
             m_store->RollbackUnit();
-        if (m_fault.kind == FaultKind::Lost)
+        if (m_fault.kind == FaultKind::Lost || m_fault.kind == FaultKind::Unheard)
             m_store.reset();
         throw StoreError{13, "struck"};
     }

@@ -15,6 +15,7 @@ enum class FaultKind
     Failure,  // of the statement alone
     FullDisk, // the statement fails and the database gives its unit up
     Lost,     // the statement fails and the server is gone with the unit; it can be opened again
+    Unheard,  // the statement is done and the server is gone before it says so
 };
 
 /// Shared by all stores that one opener opens.

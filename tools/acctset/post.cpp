@@ -195,35 +195,21 @@ Posting SaveBill(Program& program, BillText& bill)
     return piece ? FSave(program, *piece) : FSave(program, bill);
 }
 
-/// Whether the account set holds what this save was to write, whatever a box has said.
-bool IsStored(Program& program, const BillKind& kind, const Posting& posting)
-{
-    if (!posting.stored)
-        return false;
-    const Recordset head =
-        OpenQuery(program, Sql("select Code from ") + Name(kind.headTable) + " where Code=" + posting.code);
-    const Recordset lines = OpenQuery(program, Sql("select count(*) as Lines from ") + Name(kind.lineTable) +
-                                                   " where BillCode=" + posting.code);
-    return !head.isEmpty() && lines.Integer("Lines") >= posting.lines;
-}
-
 /// Types the bill and saves it; a bill that is locked is left alone, as its save key would be.
-bool PostBill(Program& program, BillText& bill, const PostRequest& request, Posting& posting)
+Posting PostBill(Program& program, BillText& bill, const PostRequest& request)
 {
     LoadDecimalPlaces(program);
     OpenWindow(program, bill);
     if (!request.code.isEmpty()) {
-        FillBill(program, bill, request.kind->headTable, request.code);
-        if (bill.TxtBillCode.isEmpty())
-            return false;
+        if (!FillBill(program, bill, request.kind->headTable, request.code))
+            return {};
         if (!bill.isEnabled(Command::Save)) {
             PrintErrorLine("acctset: the bill is audited, voided or closed and cannot be changed");
-            return false;
+            return {};
         }
     }
     TypeBill(program, bill, request);
-    posting = SaveBill(program, bill);
-    return IsStored(program, *request.kind, posting);
+    return SaveBill(program, bill);
 }
 
 } // namespace
@@ -241,8 +227,11 @@ int PostCommand(const QStringList& arguments)
     prompt.answers = request.answers;
     Program program(set.program.folder, ParametersOf(request, set.program.parameters), prompt, set.clock, set.opener);
     const std::unique_ptr<BillText> bill = MakeScreen(*request.kind);
-    Posting posting;
-    const bool saved = PostBill(program, *bill, request, posting);
-    PrintJson({{"saved", saved}, {"code", posting.stored ? posting.code : bill->TxtBillCode}, {"boxes", prompt.boxes}});
-    return saved ? kDone : kRefused;
+    const Posting posting = PostBill(program, *bill, request);
+    // Neither true nor false where the server was lost before it said which.
+    const QJsonValue saved = posting.unknown ? QJsonValue() : QJsonValue(posting.stored);
+    PrintJson({{"saved", saved},
+               {"code", posting.code.isEmpty() ? bill->TxtBillCode : posting.code},
+               {"boxes", prompt.boxes}});
+    return posting.stored ? kDone : kRefused;
 }
