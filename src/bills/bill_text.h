@@ -99,7 +99,7 @@ struct BillText
     bool BillSavedFlag = false;      // the bill exists in the database
     std::optional<Moment> DateTimee; // of the stored head, as it was read or written; unset where it has none
     BillContent unchanged;           // as last blanked, loaded or stored
-    bool entryEnabled = true;   // head fields and grid take input
+    bool entryEnabled = true;        // head fields and grid take input
     std::bitset<static_cast<size_t>(Command::Count)> enabled;
 
     QString NavTableName;

@@ -103,7 +103,8 @@ Written CommitCell(Program& program, BillText& bill, const QString& text, const 
 {
     const int row = bill.MSH.currentRow;
     const Written written = WriteCell(program, bill, text, query);
-    RecalcRow(program, bill, row);
+    if (written != Written::Unknown)
+        RecalcRow(program, bill, row);
     return written;
 }
 

@@ -9,7 +9,8 @@
 
 /// Cost of a good on the bill's day at the clock's time, whatever the warehouse. Unset where the database did not
 /// answer: that is no 0, which would be stored.
-std::optional<double> FetchRowCost(Program& program, const BillText& bill, const QString& code, const Dimensions& dimensions = {});
+std::optional<double> FetchRowCost(Program& program, const BillText& bill, const QString& code,
+                                   const Dimensions& dimensions = {});
 /// The dimensions that the cells of a row limit its good to.
 Dimensions RowDimensions(const LineGrid& grid, const LineColumns& at, int row);
 /// 金额 of one row from its quantity and price or cost. A revaluation has none.

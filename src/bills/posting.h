@@ -12,7 +12,7 @@ struct Posting
     bool stored = false;   // the rows were committed
     bool declined = false; // nothing was: the user would rather not replace the stored bill
     bool unknown = false;  // whether they were is not known, which has been said
-    QString code{}; // also of what is not known
+    QString code{};        // also of what is not known
 };
 
 /// 同价调拨单 and 异价调拨单.

@@ -226,8 +226,7 @@ bool CheckBillLines(Program& program, BillText& bill, OnlyCodeTest test)
     const LineColumns at(*bill.kind);
     for (int row = 1; row <= bill.MSH.lastRow(); ++row) {
         if (!CheckQuantity(program, bill, at, row) || !CheckGood(program, bill, at, row) ||
-            !CheckBlank(program, bill, at, row) ||
-            !CheckDay(program, bill, at.madeOn, "生产日期", row) ||
+            !CheckBlank(program, bill, at, row) || !CheckDay(program, bill, at.madeOn, "生产日期", row) ||
             !CheckDay(program, bill, at.validUntil, "有效日期", row) || !CheckOnlyCode(program, bill, at, row, test))
             return false;
     }
@@ -257,8 +256,8 @@ bool CheckStockEnough(Program& program, const BillText& bill, const QString& cod
 
     const auto figure = [](double value) { return QString::number(value, 'g', 15); };
     Inform(program, "库存数量不足！截至 " + DayText(bill.DTPDate) + " 时，" + bill.TxtWarehouseNameF.trimmed() +
-                          " 中库存量为" + figure(stock) + "，因此最多只能开出 " + figure(std::fmax(stock, 0)) +
-                          "，请调整！");
+                        " 中库存量为" + figure(stock) + "，因此最多只能开出 " + figure(std::fmax(stock, 0)) +
+                        "，请调整！");
     return true;
 }
 

@@ -90,8 +90,8 @@ TEST_F(TwoUsers, WhatIsAnotherBillByNowIsLeftAlone)
         const char* word;
     };
     const Command commands[] = {
-        {[](Program& program, BillText& bill) { Save(program, bill); }, "如果确定修改则按是，否则按否退出重新执行保存！",
-         "修改"},
+        {[](Program& program, BillText& bill) { Save(program, bill); },
+         "如果确定修改则按是，否则按否退出重新执行保存！", "修改"},
         {VoidBill, "确定作废该单据吗？", "作废"},
         {FDelete, "删除当前单据吗？", "删除"},
         {AuditBill, "", "审核"},
@@ -127,7 +127,7 @@ TEST_F(TwoUsers, WhatIsAnotherBillByNowIsLeftAlone)
 
 TEST_F(TwoUsers, AnAuditMadeMeanwhileKeepsTheBill)
 {
-    for (const auto& [command, word] : {std::pair(VoidBill, "作废"), {FDelete, "删除"}}) {
+    for (const auto& [command, word] : {std::pair(&VoidBill, "作废"), {&FDelete, "删除"}}) {
         OpenOnBoth("盘点报溢");
         AuditBill(other, *others);
         const QStringList before = Rows();

@@ -25,7 +25,10 @@ public:
         m_store->CommitUnit();
     }
     void RollbackUnit() override { m_store->RollbackUnit(); }
-    bool isLost() const override { return !m_store && (m_fault.kind == FaultKind::Lost || m_fault.kind == FaultKind::Unheard); }
+    bool isLost() const override
+    {
+        return !m_store && (m_fault.kind == FaultKind::Lost || m_fault.kind == FaultKind::Unheard);
+    }
     bool inUnit() const override { return m_store && m_store->inUnit(); }
 
 private:
