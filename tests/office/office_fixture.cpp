@@ -47,10 +47,10 @@ QString OfficeTest::MakeSample(const QString& name)
 void OfficeTest::Convert(const QString& source, const QString& format, const QString& folder)
 {
     const QString made = QDir(folder).filePath(QFileInfo(source).baseName() + "." + format);
+    const QString profile = "-env:UserInstallation=file://" OFFICE_TEST_FOLDER "/convert";
     // A new profile ends its first start at once.
     for (int tries = 0; tries < 3 && !QFile::exists(made); ++tries)
-        OutputOf("soffice.bin", {"-env:UserInstallation=file://" OFFICE_TEST_FOLDER "/convert", "--headless",
-                                 "--convert-to", format, "--outdir", folder, source});
+        OutputOf("soffice.bin", {profile, "--headless", "--convert-to", format, "--outdir", folder, source});
 }
 
 void OfficeTest::WriteFile(const QString& name, const QByteArray& content)
