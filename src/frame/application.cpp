@@ -7,10 +7,15 @@
 #include <QLibraryInfo>
 #include <QLineEdit>
 #include <QLocale>
+#include <QPixmapCache>
 #include <QPointer>
 #include <algorithm>
 
 namespace {
+
+/// The style keeps a drawing of each button by the palette of its widget, so every message box leaves some that no
+/// other will ever ask for. This much is room for those of the windows themselves.
+constexpr int kKeptDrawings = 1024; // KB
 
 /// Whether a key that no widget has taken was meant to do something: it is a text, or the key of a locked command.
 bool IsRefused(const QWidget& widget, const QKeyEvent& key)
@@ -27,6 +32,7 @@ bool IsRefused(const QWidget& widget, const QKeyEvent& key)
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv)
 {
+    QPixmapCache::setCacheLimit(kKeptDrawings);
     QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
     if (m_texts.load("qtbase_zh_CN", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         installTranslator(&m_texts);
