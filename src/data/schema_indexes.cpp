@@ -60,7 +60,9 @@ constexpr OtherIndex kOtherIndexes[] = {
     {"ware", "TabWareGroup", "WareCode,Datee",
      "UnionAmount,SumMoney,State,WarehouseCodeS,DateTimee,AveragePrice,MoneyRate"},
     {"ware", "TabWarePiece", "WareCode,Datee", "UnionAmount,SumMoney,State,WarehouseCodeF,MoneyRate"},
-    {"w", "TabWarehouseTurn", "WareCode,Datee", "Num,WarehouseCode,Amount,Cost,MoneyRate,AveragePrice"},
+    // In the order in which the newest cost tells the rows of a close apart.
+    {"w", "TabWarehouseTurn", "WareCode,Datee",
+     "Num,WarehouseCode,Amount,Cost,MoneyRate,AveragePrice,AttributeCode,WareSpec,Manufacturer,Brand,PCode,MoneyName"},
     {"d", "TabTurn", "Datee", ""},
     {"d", "TabTurnDay", "Datee", ""},
     {"b", "TabWarehouseAmountChange", "BillCode", ""},

@@ -184,6 +184,13 @@ private:
         return last;
     }
 
+    /// All rows of a close share a moment.
+    static auto RankInClose(const BillRow& row)
+    {
+        return std::tuple(row.day, !row.dimensions.any(), row.num, row.warehouse, row.UnionAmount, row.Cost, row.rate,
+                          row.AveragePrice);
+    }
+
     double LastRecorded(const CostQuestion& q) const
     {
         std::optional<Moment> newest;
@@ -197,9 +204,13 @@ private:
         for (const BillRow* row : m_books.AllRows())
             if (IsInflowRow(*row) && Counts(q, *row, true) && row->state != "作废" && row->day <= q.moment.day)
                 take(row->moment, row->table == "TabChangePriceInf" ? row->lastAveragePrice : row->AveragePrice);
+        const BillRow* snapshot = nullptr;
         for (const BillRow& row : m_books.snapshots)
-            if (Counts(q, row, true) && row.day <= q.moment.day)
-                take({row.day, 0}, row.AveragePrice);
+            if (Counts(q, row, true) && row.day <= q.moment.day &&
+                (!snapshot || RankInClose(*snapshot) < RankInClose(row)))
+                snapshot = &row;
+        if (snapshot)
+            take({snapshot->day, 0}, snapshot->AveragePrice);
         return cost;
     }
 

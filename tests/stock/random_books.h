@@ -123,11 +123,9 @@ private:
         heads.push_back(head);
     }
 
-    /// The newest recorded cost takes any row of a snapshot, so all rows of one good have one price.
     void AddSnapshots(const QDate& day, int num)
     {
         for (const char* ware : {"moving", "period", "fixed"}) {
-            const double price = Below(20000) / 100.0;
             for (int row = 0; row < 4; ++row) {
                 const double rate = OneIn(3) ? 7 : 1;
                 snapshots.push_back({.table = "TabWarehouseTurn",
@@ -135,13 +133,13 @@ private:
                                      .day = day,
                                      .auditing = "a close needs no mark",
                                      .ware = ware,
-                                     .dimensions = AnyDimensions(),
+                                     .dimensions = OneIn(3) ? Dimensions() : AnyDimensions(),
                                      .moneyName = rate == 7 ? "美元" : "人民币",
                                      .rate = rate,
                                      .warehouse = OneOf(kAnyWarehouse),
                                      .UnionAmount = 1.0 + Below(50),
                                      .Cost = Below(100000) / 100.0,
-                                     .AveragePrice = price});
+                                     .AveragePrice = Below(20000) / 100.0});
             }
         }
     }
