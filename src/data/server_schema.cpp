@@ -26,6 +26,10 @@ constexpr ServerType kServerTypes[] = {
     {ColumnType::Blob, "bytea", "varbinary(max)"},
 };
 
+// By pinyin, without regard to case and width, as Chinese_PRC_CI_AS does it, which gives no weight to the characters
+// added since: two texts that differ in those alone would be one to it.
+constexpr const char* kSqlServerCollation = "Chinese_Simplified_Pinyin_100_CI_AS_SC";
+
 QString TypeOf(const SchemaColumn& column, ServerKind server)
 {
     for (const ServerType& type : kServerTypes)
@@ -66,12 +70,6 @@ QString CreateIndex(const SchemaIndex& index, ServerKind server)
         .arg(index.table, index.name, KeysOf(index.keys, server),
              covers ? " include(" + index.covered.join(',') + ")" : QString());
 }
-QString Quoted(ServerKind server, QString name)
-{
-    if (server == ServerKind::SqlServer)
-        return '[' + name.replace(']', "]]") + ']';
-    return '"' + name.replace('"', "\"\"") + '"';
-}
 } // namespace
 
 QStringList ServerSchema(ServerKind server)
@@ -90,15 +88,15 @@ QStringList ServerSchema(ServerKind server)
     return statements;
 }
 
-QString CreateDatabase(ServerKind server, const QString& database)
+QStringList CreateDatabase(ServerKind server, const QString& database)
 {
+    const QString create = "create database " + QuotedName(server, database);
     if (server == ServerKind::SqlServer)
-        return "create database " + Quoted(server, database) + " collate Chinese_PRC_CI_AS";
-    return "create database " + Quoted(server, database) +
-           " template template0 encoding 'UTF8' lc_collate 'C' lc_ctype 'C'";
+        return {create + " collate " + kSqlServerCollation, RowVersionsOn(database)};
+    return {create + " template template0 encoding 'UTF8' lc_collate 'C' lc_ctype 'C'"};
 }
 
 QString DropDatabase(ServerKind server, const QString& database)
 {
-    return "drop database " + Quoted(server, database);
+    return "drop database " + QuotedName(server, database);
 }

@@ -8,6 +8,6 @@
 
 /// Statements that make all tables and indexes in an empty database.
 QStringList ServerSchema(ServerKind server);
-/// What makes an empty database for them, and what takes one away; both run in another database.
-QString CreateDatabase(ServerKind server, const QString& database);
+/// What makes an empty database for them, and what takes one away; both run in another database, outside of a unit.
+QStringList CreateDatabase(ServerKind server, const QString& database);
 QString DropDatabase(ServerKind server, const QString& database);

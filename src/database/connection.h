@@ -5,6 +5,8 @@
 
 #include "database/store.h"
 
+#include <utility>
+
 class Connection
 {
 public:
@@ -17,12 +19,22 @@ public:
     {
         Close();
         m_store = m_opener(connectionString);
+        if (!m_advised)
+            m_advice = m_store->advice();
     }
     void Close() { m_store.reset(); }
     /// Only while it is open.
     Store& store() { return *m_store; }
+    /// What the store that was opened advises, the first time that it advises anything; else empty.
+    QString TakeAdvice()
+    {
+        m_advised = m_advised || !m_advice.isEmpty();
+        return std::exchange(m_advice, {});
+    }
 
 private:
     StoreOpener m_opener;
     std::unique_ptr<Store> m_store;
+    QString m_advice;
+    bool m_advised = false;
 };

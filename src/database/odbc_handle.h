@@ -49,7 +49,10 @@ struct OdbcDiagnostics
 OdbcDiagnostics DiagnosticsOf(const OdbcHandle& handle);
 /// What the user is told of it: in the user's words where the failure is a known one.
 /// @param secret  cut out wherever a driver repeats it
-StoreError ErrorOf(const OdbcDiagnostics& diagnostics, const QString& secret);
+/// @param isLost  the connection has ended with it, whatever the driver says
+StoreError ErrorOf(const OdbcDiagnostics& diagnostics, const QString& secret, bool isLost = false);
+/// What a unit raises in SQL Server that did not get the lock of the units.
+inline constexpr const char* kUnitIsTaken = "the lock of the unit is taken";
 
 class OdbcConnection
 {
@@ -60,7 +63,8 @@ public:
     OdbcConnection(const OdbcConnection&) = delete;
     OdbcConnection& operator=(const OdbcConnection&) = delete;
 
-    const OdbcHandle& handle() const { return m_handle; }
+    /// Throws StoreError.
+    OdbcHandle NewStatement() const;
     bool isDead() const;
     /// Runs plain words without values. False leaves the reason with `statement`.
     bool Run(const char* words, OdbcHandle& statement) const;
@@ -68,6 +72,7 @@ public:
 private:
     OdbcHandle m_environment;
     OdbcHandle m_handle;
+    int m_querySeconds = 0; // asked of the driver for each statement; 0 where the server limits them itself
 };
 
 /// A text as the wide functions take it.

@@ -117,7 +117,7 @@ struct OdbcStatement::SetParameter
 };
 
 OdbcStatement::OdbcStatement(const OdbcConnection& connection, const std::string& words, ServerKind server)
-    : m_handle(SQL_HANDLE_STMT, connection.handle().get()), m_server(server), m_buffer(4096, 0)
+    : m_handle(connection.NewStatement()), m_server(server), m_buffer(4096, 0)
 {
     const QString text = QString::fromStdString(words);
     Check(SQLPrepareW(m_handle.get(), Wide(text), static_cast<SQLINTEGER>(text.size())));

@@ -1,6 +1,7 @@
 #include "database/odbc_store.h"
 
 #include "database/odbc_statement.h"
+#include "database/patient_store.h"
 #include "database/statement_mapping.h"
 
 #include <unordered_map>
@@ -30,7 +31,9 @@ constexpr ServerWords kPostgresWords = {
     MapForPostgres,
     // A plan is made once for all values: they change nothing about it, and planning a balance takes longer than it.
     "set lock_timeout='5s'; set statement_timeout='%1s'; set plan_cache_mode=force_generic_plan; set jit=off;"
-    "set client_min_messages=warning; set default_transaction_isolation='read committed'",
+    "set client_min_messages=warning; set default_transaction_isolation='read committed';"
+    // The unit of a program that is gone holds up the others no longer than its statements might.
+    "set idle_in_transaction_session_timeout='%1s'",
     "begin; select pg_advisory_xact_lock(1464356175); savepoint unsaved",
     "commit",
     "rollback",
@@ -48,6 +51,8 @@ constexpr ServerWords kSqlServerWords = {
     false,
 };
 
+static_assert(std::string_view(kSqlServerWords.begin).find(kUnitIsTaken) != std::string_view::npos);
+
 constexpr const char* kBackToSavepoint = "rollback to savepoint unsaved";
 constexpr const char* kNextSavepoint = "release savepoint unsaved; savepoint unsaved";
 
@@ -62,11 +67,13 @@ public:
     void RollbackUnit() override;
     bool inUnit() const override { return m_inUnit && !m_lost; }
     bool isLost() const override { return m_lost; }
+    QString advice() const override { return m_advice; }
 
 private:
     void RunWords(const char* words);
     OdbcStatement& Prepare(const std::string& shape);
     Recordset RunPrepared(const Sql& sql);
+    void LookForRowVersions(const QString& database);
     void KeepUnsaved(const Sql& sql);
     StoreError Failed(const OdbcDiagnostics& diagnostics);
     void RestoreUnit();
@@ -81,6 +88,7 @@ private:
     std::vector<Sql> m_unsaved; // what the unit has written since its last savepoint
     bool m_inUnit = false;
     bool m_lost = false;
+    QString m_advice;
 };
 
 OdbcStore::OdbcStore(const ServerSettings& settings, const ServerAddress& address)
@@ -92,8 +100,27 @@ OdbcStore::OdbcStore(const ServerSettings& settings, const ServerAddress& addres
     const QString session = QString(m_words.session).replace("%1", QString::number(settings.statementSeconds));
     try {
         RunWords(session.toUtf8());
+        if (m_server == ServerKind::SqlServer)
+            LookForRowVersions(address.database);
     } catch (const OdbcDiagnostics& diagnostics) {
         throw ErrorOf(diagnostics, m_secret);
+    }
+}
+
+/// Without them who reads waits for who writes, and is refused after five seconds.
+void OdbcStore::LookForRowVersions(const QString& database)
+{
+    try {
+        const Recordset setting =
+            RunPrepared(Sql("select is_read_committed_snapshot_on as IsOn from sys.databases where name=") + database);
+        if (!setting.isEmpty() && setting.Integer("IsOn") == 0)
+            m_advice = QString("数据库没有打开行版本，查询要等待其他程序的写入，可能被拒绝！\r\n"
+                               "请管理员在无人使用时执行：\r\n%1")
+                           .arg(RowVersionsOn(database));
+    } catch (const OdbcDiagnostics& diagnostics) {
+        // A server that does not tell is no server that has none.
+        if (diagnostics.isConnectionLost() || m_connection.isDead())
+            throw;
     }
 }
 
@@ -155,7 +182,7 @@ StoreError OdbcStore::Failed(const OdbcDiagnostics& diagnostics)
     m_lost = m_lost || diagnostics.isConnectionLost() || m_connection.isDead();
     if (inUnit())
         diagnostics.isOfMachine() ? GiveUnitUp() : RestoreUnit();
-    return ErrorOf(diagnostics, m_secret);
+    return ErrorOf(diagnostics, m_secret, m_lost);
 }
 
 /// Takes the failed statement alone back. A unit that cannot be restored is over.
@@ -202,7 +229,7 @@ void OdbcStore::BeginUnit()
         m_lost = diagnostics.isConnectionLost() || m_connection.isDead();
         if (!m_lost)
             GiveUnitUp();
-        throw ErrorOf(diagnostics, m_secret);
+        throw ErrorOf(diagnostics, m_secret, m_lost);
     }
 }
 
@@ -215,7 +242,7 @@ void OdbcStore::CommitUnit()
         m_lost = diagnostics.isConnectionLost() || m_connection.isDead();
         if (!m_lost)
             GiveUnitUp();
-        throw ErrorOf(diagnostics, m_secret);
+        throw ErrorOf(diagnostics, m_secret, m_lost);
     }
 }
 
@@ -228,12 +255,16 @@ void OdbcStore::RollbackUnit()
         RunWords(m_words.rollback);
     } catch (const OdbcDiagnostics& diagnostics) {
         m_lost = true;
-        throw ErrorOf(diagnostics, m_secret);
+        throw ErrorOf(diagnostics, m_secret, m_lost);
     }
 }
 } // namespace
 
 std::unique_ptr<Store> OpenServer(const ServerSettings& settings, const ServerAddress& address)
 {
-    return std::make_unique<OdbcStore>(settings, address);
+    // A server, or its driver, that keeps to the settings answers before that.
+    constexpr std::chrono::seconds kGrace(3);
+    const Patience patience{std::chrono::seconds(settings.connectSeconds) + kGrace,
+                            std::chrono::seconds(settings.statementSeconds) + kGrace};
+    return OpenPatiently([settings, address] { return std::make_unique<OdbcStore>(settings, address); }, patience);
 }

@@ -7,11 +7,9 @@
 #include <algorithm>
 
 namespace {
-constexpr int kUnspecified = -2147467259; // the number that office databases give where they have none
-
 [[noreturn]] void Refuse(const QString& path, const QString& line)
 {
-    throw StoreError{kUnspecified, "数据库服务器设置文件有误：" + path + "\r\n(" + line + ")"};
+    throw StoreError{kUnspecifiedError, "数据库服务器设置文件有误：" + path + "\r\n(" + line + ")"};
 }
 
 /// A whole number of seconds from 1 on.
@@ -85,6 +83,19 @@ QString Attribute(const char* name, QString value)
     return QString(name) + '=' + value + ';';
 }
 
+/// FreeTDS takes a value up to the next ";", or one in brackets up to the next "};", and a bracket in it for itself.
+QString AttributeForFreeTds(const char* name, const QString& value)
+{
+    if (!value.contains(';') && !value.startsWith('{'))
+        return QString(name) + '=' + value + ';';
+    if (value.contains("};"))
+        throw StoreError{kUnspecifiedError, "数据库服务器的驱动程序不能传递含有“};”的用户名、密码或账套名，请更改！"};
+    return QString(name) + "={" + value + "};";
+}
+
+/// Without its version FreeTDS waits for a log-in as long as the network lets it.
+constexpr const char* kSqlServerOptions = "TDS_Version=7.4;";
+
 /// A failing statement is left to the store, all rows come at once, and a dead network is noticed.
 constexpr const char* kPostgresOptions = "Protocol=7.4-0;UseServerSidePrepare=1;UseDeclareFetch=0;LFConversion=0;"
                                          "ByteaAsLongVarBinary=1;BoolsAsChar=0;"
@@ -123,14 +134,32 @@ ServerAddress AddressOf(const QString& connectionString)
     return address;
 }
 
+const char* UsualPort(ServerKind kind)
+{
+    return kind == ServerKind::SqlServer ? "1433" : "5432";
+}
+
+QString QuotedName(ServerKind kind, QString name)
+{
+    if (kind == ServerKind::SqlServer)
+        return '[' + name.replace(']', "]]") + ']';
+    return '"' + name.replace('"', "\"\"") + '"';
+}
+
+QString RowVersionsOn(const QString& database)
+{
+    return "alter database " + QuotedName(ServerKind::SqlServer, database) + " set read_committed_snapshot on";
+}
+
 QString DriverConnection(const ServerSettings& settings, const ServerAddress& address)
 {
     const QString driver = settings.driver.isEmpty() ? UsualDriver(settings.kind) : settings.driver;
     const QString opening = "Driver={" + driver + "};";
-    const QString login = Attribute("UID", address.user) + Attribute("PWD", address.password);
     if (settings.kind == ServerKind::SqlServer)
         return opening + "Server=" + address.server + "," + address.port + ";" +
-               Attribute("DataBase", address.database) + login + settings.options + " ";
+               AttributeForFreeTds("DataBase", address.database) + AttributeForFreeTds("UID", address.user) +
+               AttributeForFreeTds("PWD", address.password) + kSqlServerOptions + settings.options + " ";
     return opening + Attribute("Server", address.server) + Attribute("Port", address.port) +
-           Attribute("Database", address.database) + login + kPostgresOptions + settings.options;
+           Attribute("Database", address.database) + Attribute("UID", address.user) +
+           Attribute("PWD", address.password) + kPostgresOptions + settings.options;
 }

@@ -38,5 +38,12 @@ ServerSettings ReadServerSettings(const QString& folder);
 
 /// "Driver={SQL Server};Server=address,port;DataBase=..;UID=..;PWD=..; " taken apart.
 ServerAddress AddressOf(const QString& connectionString);
+/// Where a server listens that was told no other port.
+const char* UsualPort(ServerKind kind);
+/// The name of a database as its server's statements take it, whatever signs it has.
+QString QuotedName(ServerKind kind, QString name);
+/// What lets who reads a database of SQL Server see its last committed rows, where he would wait for who writes. It
+/// waits until nobody else is connected.
+QString RowVersionsOn(const QString& database);
 /// What the driver of the settings is given. A value with a sign of the string's own grammar is quoted.
 QString DriverConnection(const ServerSettings& settings, const ServerAddress& address);

@@ -18,10 +18,9 @@ QString DataSource(const QString& connectionString)
 
 std::unique_ptr<Store> OpenStore(const QString& connectionString)
 {
-    constexpr int kUnspecified = -2147467259; // the number that office databases give where they have none
     if (connectionString.startsWith("Provider = Microsoft.Jet.OLEDB"))
         return OpenSqliteFile(DataSource(connectionString));
     if (connectionString.startsWith("Driver="))
         return OpenServer(ReadServerSettings(QCoreApplication::applicationDirPath()), AddressOf(connectionString));
-    throw StoreError{kUnspecified, "不能确定数据库的类型，连接失败！"};
+    throw StoreError{kUnspecifiedError, "不能确定数据库的类型，连接失败！"};
 }

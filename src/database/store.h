@@ -9,6 +9,9 @@
 #include <functional>
 #include <memory>
 
+/// The number that office databases give where they have none.
+inline constexpr int kUnspecifiedError = -2147467259;
+
 /// What the error box says of a failed statement.
 struct StoreError
 {
@@ -35,6 +38,8 @@ public:
     virtual void WhenDamaged(std::function<void(const QString& text)> /*tell*/) {}
     /// The database is gone: this store answers nothing more, and its unit has been taken back.
     virtual bool isLost() const { return false; }
+    /// What whoever keeps the database should be told of it; empty for nothing.
+    virtual QString advice() const { return {}; }
 };
 
 /// Opens the store that a connection string names. Throws StoreError.

@@ -1,6 +1,7 @@
 #include "frame/application.h"
 
 #include "dialogs/window_place.h"
+#include "handover/undertaking.h"
 
 #include <QAction>
 #include <QKeyEvent>
@@ -28,6 +29,24 @@ bool IsRefused(const QWidget& widget, const QKeyEvent& key)
     return std::ranges::any_of(actions, [&keys](const QAction* action) { return action->shortcuts().contains(keys); });
 }
 
+bool IsOfUser(const QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+    case QEvent::Close:
+        return event.spontaneous();
+    case QEvent::Shortcut:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv)
@@ -45,10 +64,18 @@ bool Application::notify(QObject* receiver, QEvent* event)
         if (const auto* const box = qobject_cast<QLineEdit*>(receiver))
             connect(box, &QLineEdit::inputRejected, this, [] { beep(); });
     const QPointer<QWidget> widget(isKey ? qobject_cast<QWidget*>(receiver) : nullptr); // a key may close its window
-    const bool done = QApplication::notify(receiver, event);
+    const bool done = Deliver(receiver, event);
     if (event->type() == QEvent::Show && !event->spontaneous() && receiver->isWidgetType())
         FitToScreen(*static_cast<QWidget*>(receiver));
     if (widget && !event->isAccepted() && IsRefused(*widget, *static_cast<QKeyEvent*>(event)))
         beep();
     return done;
+}
+
+bool Application::Deliver(QObject* receiver, QEvent* event)
+{
+    if (!m_program || !IsOfUser(*event))
+        return QApplication::notify(receiver, event);
+    const UserInput input(*m_program);
+    return QApplication::notify(receiver, event);
 }

@@ -11,5 +11,8 @@ int main(int argc, char** argv)
     MessagePrompt prompt;
     SystemClock clock;
     const auto program = Main(QCoreApplication::applicationDirPath(), prompt, clock, kModuleRunMode);
-    return program ? Application::exec() : 1;
+    application.Serve(program.get());
+    const int exitCode = program ? Application::exec() : 1;
+    application.Serve(nullptr);
+    return exitCode;
 }

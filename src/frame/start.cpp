@@ -6,6 +6,7 @@
 #include "data/decimals.h"
 #include "frame/frmMain.h"
 #include "frame/run_mode.h"
+#include "handover/undertaking.h"
 
 namespace {
 
@@ -117,6 +118,7 @@ std::unique_ptr<Program> Main(const QString& folder, Prompt& prompt, Clock& cloc
         return nullptr;
     }
     auto program = std::make_unique<Program>(folder, *parameters, prompt, clock);
+    const UserAction start(*program);
     LoadDecimalPlaces(*program);
     if (!ShowFirstWindow(*program, moduleRunMode))
         return nullptr;

@@ -66,6 +66,8 @@ Store& OpenedStore(Program& program)
     program.underway.unreachable = true;
     WaitFor(program, [&] { program.gConnection.Open(connection); });
     program.underway.unreachable = false;
+    if (const QString advice = program.gConnection.TakeAdvice(); !advice.isEmpty())
+        ShowOrHold(program, {false, advice});
     program.gConnection.store().WhenDamaged([&program](const QString& text) { program.prompt.Warn(text); });
     return program.gConnection.store();
 }

@@ -1,19 +1,20 @@
 #include "handover/program.h"
 
+#include "database/server_settings.h"
+
 #include <utility>
 
 namespace {
 
 /// The one password that all account-set files are protected by.
 constexpr const char* kFilePassword = "wkvtmq#482.zzz";
-constexpr const char* kDefaultPort = "1433";
 
-QString ServerConnection(const RunParameters& parameters)
+QString ServerConnection(const QString& folder, const RunParameters& parameters)
 {
-    const QString port = parameters.ConPortNum.trimmed();
-    return "Driver={SQL Server};Server=" + parameters.ConServerIP + "," + (port.isEmpty() ? kDefaultPort : port) +
-           ";DataBase=" + parameters.ConDataName + ";UID=" + parameters.ConDataBaseUID +
-           ";PWD=" + parameters.ConDataBasePWD + "; ";
+    const QString given = parameters.ConPortNum.trimmed();
+    const QString port = given.isEmpty() ? UsualPort(ReadServerSettings(folder).kind) : given;
+    return "Driver={SQL Server};Server=" + parameters.ConServerIP + "," + port + ";DataBase=" + parameters.ConDataName +
+           ";UID=" + parameters.ConDataBaseUID + ";PWD=" + parameters.ConDataBasePWD + "; ";
 }
 
 QString FileConnection(const QString& dataFolder, const QString& fileName, const QString& beforePassword)
@@ -43,7 +44,7 @@ QString BuildConnectionString(Program& program)
         program.prompt.Warn(unknownAccountSet);
 
     if (onServer)
-        return ServerConnection(parameters);
+        return ServerConnection(program.folder, parameters);
     if (parameters.DatabaseType == u"Access")
         return FileConnection(program.folder + "\\Data\\", parameters.ConDataName, ";");
     if (parameters.DatabaseType == u"Access2") {

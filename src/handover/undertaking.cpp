@@ -1,5 +1,7 @@
 #include "handover/undertaking.h"
 
+#include <utility>
+
 UserAction::UserAction(Program& program) : m_program(program)
 {
     if (program.underway.actions++ == 0)
@@ -9,6 +11,13 @@ UserAction::UserAction(Program& program) : m_program(program)
 UserAction::~UserAction()
 {
     --m_program.underway.actions;
+}
+
+UserInput::UserInput(Program& program) : m_program(program), m_outer(std::exchange(program.underway, {.actions = 1})) {}
+
+UserInput::~UserInput()
+{
+    m_program.underway = m_outer;
 }
 
 Undertaking::Undertaking(Program& program) : m_action(program), m_program(program)

@@ -18,6 +18,21 @@ private:
     Program& m_program;
 };
 
+/// An action that begins with a key or a click. A box or a dialog of another action may be open: what the user does
+/// there is an action of its own, and the other goes on as it was.
+class UserInput
+{
+public:
+    explicit UserInput(Program& program);
+    ~UserInput();
+    UserInput(const UserInput&) = delete;
+    UserInput& operator=(const UserInput&) = delete;
+
+private:
+    Program& m_program;
+    const Underway m_outer;
+};
+
 /// What is done whole or not at all: the checks of a save, its rows, the cost of a line. It is over with the first
 /// statement that fails within it. That one's box is shown; what is still asked of the database stays unset, no unit
 /// begins or is stored, and the user is neither told nor asked anything that would rest on it. Undertakings nest: the

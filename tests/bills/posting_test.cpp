@@ -267,7 +267,7 @@ TEST(RisingMomentsTest, RiseByFourMillisecondsWithinTheDay)
         {1000, 0, {1000, 1004, 1008}},
         {1000, 1, {1000, 1004, 1008}},
         {1000, 50, {1000, 1050, 1100}},
-        {kMillisecondsPerDay - 3, 0, {kMillisecondsPerDay - 9, kMillisecondsPerDay - 5, kMillisecondsPerDay - 1}},
+        {kMillisecondsPerDay - 1, 0, {kMillisecondsPerDay - 11, kMillisecondsPerDay - 7, kMillisecondsPerDay - 3}},
         // The clock passes midnight meanwhile.
         {kMillisecondsPerDay - 40, 30, {kMillisecondsPerDay - 40, kMillisecondsPerDay - 10, kMillisecondsPerDay - 6}},
     };

@@ -40,31 +40,42 @@ TEST(ServerSettings, AreReadLineByLine)
         EXPECT_THROW(SettingsOf(nonsense), StoreError) << nonsense;
 }
 
-TEST(ServerSettings, SqlServerGetsTheConnectionStringAsItStands)
+TEST(ServerSettings, SqlServerGetsTheConnectionStringAsItStandsAndTheVersionOfItsLogIn)
 {
     const QString given = QString(kHandedOver).arg("secret");
-    EXPECT_EQ(DriverConnection({}, AddressOf(given)).toStdString(), given.toStdString());
+    EXPECT_EQ(DriverConnection({}, AddressOf(given)).toStdString(),
+              QString(kHandedOver).arg("secret;TDS_Version=7.4").toStdString());
 }
 
 TEST(ServerSettings, AValueNeverEndsItsPlaceInTheString)
 {
     ServerSettings postgres;
     postgres.kind = ServerKind::PostgreSql;
-    const std::pair<const char*, const char*> cases[] = {
-        {"secret", ";PWD=secret;"},
-        {"", ";PWD=;"},
-        {"a;Server=evil", ";PWD={a;Server=evil};"},
-        {"a}b{", ";PWD={a}}b{};"},
-        {"x;PWD=y; z", ";PWD={x;PWD=y; z};"},
-        {"密 码", ";PWD={密 码};"},
+    struct Case
+    {
+        const char* password;
+        const char* sqlServer;
+        const char* postgres;
     };
-    for (const auto& [password, written] : cases) {
+    const Case cases[] = {
+        {"secret", ";PWD=secret;", ";PWD=secret;"},
+        {"", ";PWD=;", ";PWD=;"},
+        {"a;Server=evil", ";PWD={a;Server=evil};", ";PWD={a;Server=evil};"},
+        {"a}b{", ";PWD=a}b{;", ";PWD={a}}b{};"},
+        {"{a};", "", ";PWD={{a}};};"},
+        {"a;b}", ";PWD={a;b}};", ";PWD={a;b}}};"},
+        {"x;PWD=y; z", ";PWD={x;PWD=y; z};", ";PWD={x;PWD=y; z};"},
+        {"密 码", ";PWD=密 码;", ";PWD={密 码};"},
+    };
+    for (const auto& [password, forSqlServer, forPostgres] : cases) {
         const ServerAddress address = AddressOf(QString(kHandedOver).arg(password));
         EXPECT_EQ(address.password.toStdString(), password);
         EXPECT_EQ(address.server.toStdString() + " " + address.port.toStdString(), "10.0.0.9 1433");
         EXPECT_EQ(address.database.toStdString() + " " + address.user.toStdString(), "books sa");
-        for (const ServerSettings& settings : {ServerSettings{}, postgres})
-            EXPECT_TRUE(DriverConnection(settings, address).contains(written))
-                << DriverConnection(settings, address).toStdString();
+        EXPECT_TRUE(DriverConnection(postgres, address).contains(forPostgres));
+        if (*forSqlServer)
+            EXPECT_TRUE(DriverConnection({}, address).contains(forSqlServer)) << forSqlServer;
+        else
+            EXPECT_THROW(DriverConnection({}, address), StoreError) << "the driver has no way to say it";
     }
 }

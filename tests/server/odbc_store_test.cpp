@@ -1,10 +1,12 @@
 #include "database/odbc_store.h"
 
+#include "database/patient_store.h"
 #include "database/sqlite_store.h"
 #include "support/test_program.h"
 
 #include <QTemporaryDir>
 #include <algorithm>
+#include <csignal>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -199,6 +201,24 @@ TEST(OdbcStore, ASlowServerIsGivenUp)
     EXPECT_EQ(Goods(*store), 1);
 }
 
+/// The session of a store neither answers nor ends, as behind a network that has lost it.
+TEST(OdbcStore, ASilentServerIsLeftBehindAndTheNextQueryConnectsAgain)
+{
+    TestDatabase database;
+    ServerSettings settings = TestServerSettings();
+    settings.statementSeconds = 1;
+    TestProgram test("SQL", [&](const QString&) { return OpenServer(settings, TestAddress(database.name())); });
+    const qint64 session = test.Run(Sql("select pg_backend_pid() as Pid")).Integer("Pid");
+    ASSERT_EQ(kill(pid_t(session), SIGSTOP), 0);
+    EXPECT_FALSE(OpenQuery(test.program, InsertGood("A")));
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("Error:-2147467259\r\n" + QString(kSlowServer)));
+    EXPECT_EQ(test.program.gConnection.State(), 0);
+    EXPECT_TRUE(OpenQuery(test.program, InsertGood("B")));
+    test.program.gConnection.Close();
+    KillSessions(database.name());
+    EXPECT_EQ(kill(pid_t(session), SIGCONT), 0);
+}
+
 TEST(OdbcStore, AFailingStatementTakesOnlyItselfBack)
 {
     TestDatabase database;
@@ -288,10 +308,12 @@ TEST(OdbcStore, ALostServerEndsTheUnitAndTheNextQueryConnectsAgain)
     EXPECT_EQ(test.prompt.TakeTexts().size(), 1);
     EXPECT_TRUE(OpenQuery(test.program, InsertGood("E")));
 
-    SaveUnit unit(test.program);
-    EXPECT_TRUE(OpenQuery(test.program, InsertGood("F")));
-    KillSessions(test.database->name());
-    EXPECT_FALSE(unit.Commit());
+    {
+        SaveUnit unit(test.program);
+        EXPECT_TRUE(OpenQuery(test.program, InsertGood("F")));
+        KillSessions(test.database->name());
+        EXPECT_FALSE(unit.Commit());
+    }
     EXPECT_EQ(test.prompt.TakeTexts().size(), 1);
     EXPECT_EQ(test.Run(Sql("select * from TabWareType")).size(), 1);
 }

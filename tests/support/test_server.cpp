@@ -22,7 +22,7 @@ void RunWords(Store& store, const QString& words)
 /// Made once: a copy of it is quicker than a hundred statements.
 void MakeEmptyAccountSet()
 {
-    RunWords(*Open("postgres"), CreateDatabase(ServerKind::PostgreSql, kEmpty));
+    RunWords(*Open("postgres"), CreateDatabase(ServerKind::PostgreSql, kEmpty).join(';'));
     const std::unique_ptr<Store> store = Open(kEmpty);
     for (const QString& statement : ServerSchema(ServerKind::PostgreSql))
         RunWords(*store, statement);

@@ -5,7 +5,7 @@
 
 #include "base/clock.h"
 #include "base/prompt.h"
-#include "handover/program.h"
+#include "handover/undertaking.h"
 #include "place.h"
 
 #include <QCommandLineParser>
@@ -96,6 +96,7 @@ struct OpenedAccountSet
     SystemClock clock;
     StoreOpener opener; // of the program, for another one on the same account set
     Program program;
+    const UserAction command{program}; // one connect that fails is enough
 };
 
 /// One line on standard output, in UTF-8.

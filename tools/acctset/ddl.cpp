@@ -8,10 +8,16 @@
 int DdlCommand(const QStringList& arguments)
 {
     const CommandLine line("ddl", "Prints the statements that make the tables and indexes of an account set.", {},
-                           {{"server", "sqlserver or postgresql", "KIND"}}, arguments);
+                           {{"server", "sqlserver or postgresql", "KIND"},
+                            {"database", "the statements that make this database come first", "NAME"}},
+                           arguments);
     if (line.helpShown())
         return kDone;
-    for (const QString& statement : ServerSchema(ReadServerKind(line.Needed("server"))))
+    const ServerKind server = ReadServerKind(line.Needed("server"));
+    QStringList statements = ServerSchema(server);
+    if (line.IsSet("database"))
+        statements = CreateDatabase(server, line.Needed("database")) + statements;
+    for (const QString& statement : statements)
         PrintLine(statement + ";");
     return kDone;
 }

@@ -64,12 +64,14 @@ private:
     std::unique_ptr<Store> m_store;
 };
 
-/// Runs words in the database that every server has.
-void RunBeside(const ServerPlace& place, const QString& words)
+/// Runs statements in the database that every server has.
+void RunBeside(const ServerPlace& place, const QStringList& statements)
 {
     ServerAddress address = place.address;
     address.database = place.settings.kind == ServerKind::PostgreSql ? "postgres" : "master";
-    OpenServer(place.settings, address)->Run(Sql(words.toUtf8().constData()));
+    const std::unique_ptr<Store> store = OpenServer(place.settings, address);
+    for (const QString& words : statements)
+        store->Run(Sql(words.toUtf8().constData()));
 }
 
 struct DroppedDatabase
@@ -87,7 +89,7 @@ struct DroppedDatabase
         if (isWhole)
             return;
         try {
-            RunBeside(place, DropDatabase(place.settings.kind, place.address.database));
+            RunBeside(place, {DropDatabase(place.settings.kind, place.address.database)});
         } catch (const StoreError& error) {
             PrintErrorLine("acctset: the unfinished database is left behind: " + error.description);
         }

@@ -15,12 +15,11 @@ struct KindWord
 {
     const char* word;
     ServerKind kind;
-    const char* port;
 };
 
 constexpr KindWord kKindWords[] = {
-    {"sqlserver", ServerKind::SqlServer, "1433"},
-    {"postgresql", ServerKind::PostgreSql, "5432"},
+    {"sqlserver", ServerKind::SqlServer},
+    {"postgresql", ServerKind::PostgreSql},
 };
 
 const KindWord& KindOf(const QString& word)
@@ -71,7 +70,7 @@ AccountSetPlace ReadPlace(const QString& word)
     const KindWord& kind = KindOf(match.captured(1));
     if (match.captured(2).contains(':'))
         throw WrongUse{"a password does not belong on a command line; ACCTSET_PASSWORD holds it"};
-    const QString port = match.captured(4).isEmpty() ? kind.port : match.captured(4);
+    const QString port = match.captured(4).isEmpty() ? UsualPort(kind.kind) : match.captured(4);
     return {{},
             ServerPlace{SettingsFor(kind.kind),
                         {Decoded(match.captured(3)), port, Decoded(match.captured(5)), Decoded(match.captured(2)),
