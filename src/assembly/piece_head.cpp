@@ -4,6 +4,7 @@
 #include "bills/line_totals.h"
 #include "data/decimals.h"
 #include "data/lookups.h"
+#include "data/typed_code.h"
 #include "handover/open_query.h"
 
 #include <algorithm>
@@ -125,7 +126,7 @@ std::optional<PickerNeeded> ProductPicker(Program& program, const GroupPieceText
 
 void ChooseProduct(Program& program, GroupPieceText& bill, const QString& code)
 {
-    FillTxtWareName(program, bill, Sql("select * from TabWare where Code=") + code);
+    FillTxtWareName(program, bill, Sql("select * from TabWare where ") + CodeIs("Code", code));
 }
 
 void FillTxtWareName(Program& program, GroupPieceText& bill, const Sql& query)

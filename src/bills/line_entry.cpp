@@ -3,6 +3,7 @@
 #include "bills/line_totals.h"
 #include "data/decimals.h"
 #include "data/lookups.h"
+#include "data/typed_code.h"
 #include "handover/open_query.h"
 
 namespace {
@@ -12,7 +13,7 @@ constexpr int kNameColumn = 2;
 
 Sql GoodByCode(const QString& code)
 {
-    return Sql("select * from TabWare where Code=") + code;
+    return Sql("select * from TabWare where ") + CodeIs("Code", code);
 }
 
 Sql GoodByName(const QString& text)
@@ -328,7 +329,7 @@ void DeleteGridRow(Program& program, BillText& bill)
 
 Recordset GoodForLine(Program& program, const QString& code)
 {
-    return OpenQuery(program, Sql("select Code ,Name,Spec,Unite from TabWare where Code=") + code + " ");
+    return OpenQuery(program, Sql("select Code ,Name,Spec,Unite from TabWare where ") + CodeIs("Code", code));
 }
 
 std::optional<double> PosInPrice(Program& program, const BillText& bill, const QString& code)

@@ -7,6 +7,7 @@
 #include "data/numbering.h"
 #include "data/periods.h"
 #include "data/rights.h"
+#include "data/typed_code.h"
 #include "handover/open_query.h"
 #include "stock/balance.h"
 
@@ -91,7 +92,7 @@ bool CheckGood(Program& program, BillText& bill, const LineColumns& at, int row)
     const QString code = grid.Cell(row, at.code).trimmed();
     if (code.isEmpty() && grid.Cell(row, at.name).trimmed().isEmpty())
         return true;
-    const Recordset good = OpenQuery(program, Sql("select Code,Name from TabWare  where Code=") + code + " ");
+    const Recordset good = OpenQuery(program, Sql("select Code,Name from TabWare  where ") + CodeIs("Code", code));
     if (good.isEmpty())
         return RefuseCell(program, bill, row, at.code,
                           RowWord(row) + "商品编号为 " + code +

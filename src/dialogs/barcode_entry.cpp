@@ -1,6 +1,7 @@
 #include "dialogs/barcode_entry.h"
 
 #include "base/number_text.h"
+#include "data/typed_code.h"
 #include "handover/open_query.h"
 
 EntryField ReadBarcode(Program& program, const ScannedBill& bill, BarcodeEntry& entry)
@@ -10,7 +11,8 @@ EntryField ReadBarcode(Program& program, const ScannedBill& bill, BarcodeEntry& 
         program.prompt.Inform("请先输入条形码！");
         return EntryField::TiaoXingCode;
     }
-    const Recordset rs = OpenQuery(program, Sql("select Code ,Name from TabWare  where TiaoXingCode=") + barcode + " ");
+    const Recordset rs =
+        OpenQuery(program, Sql("select Code ,Name from TabWare  where ") + CodeIs("TiaoXingCode", barcode));
     // The good of an earlier scan must not go into the bill under a barcode that is not its own.
     entry.TxtWareCode = rs.Text("Code");
     entry.TxtWareName = rs.Text("Name");

@@ -27,6 +27,8 @@ struct Fault
 
 // The last bills of the year: nothing after them follows their stock and cost.
 const Fault kFaults[] = {
+    {{"insert into TabWarehouseType(Code,Name,ParentCode) values('０３ ','x','0')"},
+     {"alike\t\t０３ \ta server takes the codes \"03\" and \"０３ \" of TabWarehouseType for one"}},
     {{"delete from TabCheckLose where Code='BSD202312300001'"},
      {"orphan\t盘点报损单\tBSD202312300001\t3 line(s) without a head"}},
     {{"delete from TabCheckLoseInf where BillCode='BSD202312300001'"},

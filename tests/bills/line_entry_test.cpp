@@ -84,6 +84,8 @@ TEST_F(LineEntryTest, EnterNeedsTheWarehousesAndThenTheGood)
     EXPECT_EQ(outcome.picker->title, "选择商品");
     EXPECT_EQ(test.Run(outcome.picker->query).Text("Code"), "A001");
     EXPECT_EQ(Cell(1, "商品编号"), "");
+    EXPECT_FALSE(EnterCell(test.program, bill, "Ａ００１ ").picker.has_value()) << "the width of signs does not count";
+    EXPECT_EQ(Cell(1, "商品编号"), "A001");
 
     bill.MSH.currentColumn = 2;
     for (const char* text : {"螺丝", "LS"}) {

@@ -17,7 +17,8 @@ struct Finding
 
 using Report = std::function<void(const Finding& finding)>;
 
-/// Lines without a head, heads without lines, and codes and voucher numbers that stand twice.
+/// Codes that a server takes for one, lines without a head, heads without lines, and codes and voucher numbers that
+/// stand twice.
 void CheckRows(Program& program, const Report& report);
 /// State and audit mark of heads against those of their lines; vouchers whose two sides differ.
 void CheckAgreement(Program& program, const Report& report);

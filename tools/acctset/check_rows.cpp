@@ -1,7 +1,11 @@
 #include "check.h"
 
+#include "data/schema.h"
+#include "data/typed_code.h"
 #include "handover/open_query.h"
 #include "stock_bills.h"
+
+#include <QHash>
 
 namespace {
 
@@ -60,10 +64,31 @@ void ReportNumbersTwice(Program& program, int book, const Report& report)
                     .arg(rows.Text("LastCode", row))});
 }
 
+/// A server compares codes without regard to case, width and blanks behind them, and would refuse the second of two.
+void ReportAlike(Program& program, const SchemaTable& table, const Report& report)
+{
+    const Recordset rows = OpenQuery(program, Sql("select ") + Name(table.key) + " as Code from " + Name(table.name) +
+                                                  " order by " + Name(table.key));
+    QHash<QString, QString> seen;
+    for (int row = 0; row < rows.size(); ++row) {
+        const QString code = rows.Text("Code", row);
+        const QString key = NarrowCode(code).toCaseFolded();
+        const QString first = seen.value(key, code);
+        seen.insert(key, first);
+        if (first != code)
+            report({"alike", BillOfTable(table.name), code,
+                    QString("a server takes the codes \"%1\" and \"%2\" of %3 for one").arg(first, code, table.name)});
+    }
+}
+
 } // namespace
 
 void CheckRows(Program& program, const Report& report)
 {
+    for (const SchemaTable& table : Schema()) {
+        if (!table.key.isEmpty())
+            ReportAlike(program, table, report);
+    }
     std::vector<BillTables> bills = StockBills();
     bills.push_back(Vouchers());
     for (const auto& check : {ReportOrphans, ReportHeadless, ReportCodesTwice}) {
