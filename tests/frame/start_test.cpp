@@ -1,12 +1,10 @@
-#include "frame/application.h"
 #include "frame/run_mode.h"
 #include "frame/start.h"
-#include "handover/open_query.h"
 #include "support/test_program.h"
 
+#include <QApplication>
 #include <QFile>
-#include <QPushButton>
-#include <QTest>
+#include <QWidget>
 #include <gtest/gtest.h>
 
 namespace {
@@ -33,30 +31,6 @@ TEST(Start, TheDirectivesDecideWhichWindowComesFirst)
         EXPECT_EQ(FirstWindowOf(parameters, kInTheSuite), inTheSuite) << word.toStdString();
         EXPECT_EQ(FirstWindowOf(parameters, kStandAloneMode), alone) << word.toStdString();
     }
-}
-
-TEST(Start, AConnectThatFailsIsSaidOnceForEachThingTheUserDoes)
-{
-    int connects = 0;
-    TestProgram test("SQL", [&](const QString&) -> std::unique_ptr<Store> {
-        ++connects;
-        throw StoreError{18456, "no"};
-    });
-    auto* const application = static_cast<Application*>(qApp);
-    application->Serve(&test.program);
-    QPushButton button;
-    QObject::connect(&button, &QPushButton::clicked, &button, [&test] {
-        for (int i = 0; i < 3; ++i)
-            OpenQuery(test.program, Sql("select * from TabWare"));
-    });
-    button.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&button));
-    for (int clicks = 1; clicks <= 2; ++clicks) {
-        QTest::mouseClick(&button, Qt::LeftButton);
-        EXPECT_EQ(connects, clicks);
-        EXPECT_EQ(test.Boxes(), "Error:18456\r\nno");
-    }
-    application->Serve(nullptr);
 }
 
 TEST(Start, WithoutAHandOverNothingStarts)

@@ -1,6 +1,6 @@
 #include "frame/appearance.h"
-#include "frame/application.h"
 
+#include <QApplication>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ int main(int argc, char** argv)
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
-    Application application(argc, argv);
+    QApplication application(argc, argv);
     const QTemporaryDir settings; // what windows remember of themselves
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     SetAppearance();
