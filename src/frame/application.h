@@ -1,8 +1,8 @@
 #pragma once
 
 // What holds for all windows of the program: Qt's own texts and the names of days and months are Chinese whatever the
-// system speaks, a key that does nothing is heard, and no window is larger than its screen. A key or a click is one action of the
-// program's: a connect that fails within it is said once and ends it.
+// system speaks, a key that does nothing is heard, and no window is larger than its screen. A key or a click is one
+// action of the program's: a connect that fails within it is said once and ends it.
 
 #include "handover/program.h"
 
