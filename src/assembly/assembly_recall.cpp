@@ -4,6 +4,7 @@
 #include "bills/recall.h"
 #include "data/decimals.h"
 #include "dialogs/grid_format.h"
+#include "handover/launcher.h"
 #include "handover/open_query.h"
 
 namespace {
@@ -164,11 +165,11 @@ QString CodeInList(const AssemblyList& list, int row)
     return isRow ? list.MSH.Cell(row, kCodeColumn).trimmed() : QString();
 }
 
-LaunchResult OpenOriginal(Program& program, const AssemblyList& list, int row)
+bool OpenOriginal(Program& program, const AssemblyList& list, int row)
 {
     const QString code = CodeInList(list, row);
     if (code.isEmpty())
-        return {};
+        return false;
     const QString word = list.kind->operation + "原单查看";
     return LaunchFunction(program, word, {word, list.kind->operation, list.kind->headTable, code});
 }

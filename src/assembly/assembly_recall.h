@@ -4,7 +4,6 @@
 // filter, which opens originals as well.
 
 #include "assembly/group_piece.h"
-#include "handover/launcher.h"
 
 /// Copies a saved bill of the window's mode into the open bill: warehouses, product, figures and lines, and nothing
 /// that identifies it. One that does not exist is said, and the bill stays.
@@ -46,4 +45,4 @@ void LayOutListAgain(Program& program, AssemblyList& list);
 /// The number in a row of the list; empty where there is none.
 QString CodeInList(const AssemblyList& list, int row);
 /// ToolOldBill: the original in another copy of this program. A row without a number does nothing.
-LaunchResult OpenOriginal(Program& program, const AssemblyList& list, int row);
+bool OpenOriginal(Program& program, const AssemblyList& list, int row);

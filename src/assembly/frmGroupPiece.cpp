@@ -143,7 +143,8 @@ void frmGroupPiece::Switch(bool assembles)
 {
     if (ModeOf(m_piece).assembles == assembles)
         return;
-    HideEditors();
+    if (!MayGo())
+        return ShowBill(); // the option goes back
     SwitchMode(m_program, m_piece, assembles);
     ShowBill();
     FocusFirstField();

@@ -177,7 +177,10 @@ QWidget* frmGroupPiece::MakeUnits()
 {
     m_units = NewChoice("TxtUnite");
     m_units->installEventFilter(this);
-    connect(m_units, &QComboBox::textActivated, this, [this](const QString& unit) { m_piece.TxtUnite = unit; });
+    connect(m_units, &QComboBox::textActivated, this, [this](const QString& unit) {
+        m_piece.TxtUnite = unit;
+        ShowTitle();
+    });
     return m_units;
 }
 

@@ -6,6 +6,7 @@
 #include "data/numbering.h"
 #include "data/periods.h"
 #include "data/rights.h"
+#include "handover/launcher.h"
 #include "handover/open_query.h"
 
 namespace {
@@ -315,13 +316,13 @@ void DeleteBillWarrant(Program& program, const QString& billCode)
     OpenQuery(program, Sql("delete from TabWarrant where Code=") + code);
 }
 
-LaunchResult SeeBillWarrant(Program& program, const BillText& bill, bool byMenu)
+bool SeeBillWarrant(Program& program, const BillText& bill, bool byMenu)
 {
     if (byMenu && !CheckOperateRight(program, program.parameters.UserName, "凭证录入", Action::Read))
-        return {};
+        return false;
     const auto refuse = [&program](const QString& text) {
         program.prompt.Inform(text);
-        return LaunchResult{};
+        return false;
     };
     const QString billCode = bill.TxtBillCode.trimmed();
     if (billCode.isEmpty())
@@ -330,7 +331,7 @@ LaunchResult SeeBillWarrant(Program& program, const BillText& bill, bool byMenu)
         return refuse("本账套是进销存与财务分离账套，不允许查看凭证！");
     const Recordset voucher = VoucherOf(program, "select Code", billCode);
     if (!voucher)
-        return {};
+        return false;
     if (voucher.isEmpty())
         return refuse("本单据没有对应的凭证！");
     return LaunchFunction(program, "查看会计凭证", {"查看会计凭证", voucher.Text("Code")});

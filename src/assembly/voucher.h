@@ -4,7 +4,6 @@
 // It hangs on the bill by TabWarrant.JXCBillCode and keeps its code and numbers for as long as the bill wants one.
 
 #include "assembly/group_piece.h"
-#include "handover/launcher.h"
 
 /// Whether the save is to write a voucher. Unset where the save must stop, which has been said.
 std::optional<bool> CheckWarrantSettings(Program& program, const GroupPieceText& bill);
@@ -15,4 +14,4 @@ void DeleteBillWarrant(Program& program, const QString& billCode);
 
 /// Opens the bill's voucher in the accounting program. A refusal has been said.
 /// @param byMenu  the menu asks for the right, the key on the toolbar does not
-LaunchResult SeeBillWarrant(Program& program, const BillText& bill, bool byMenu);
+bool SeeBillWarrant(Program& program, const BillText& bill, bool byMenu);

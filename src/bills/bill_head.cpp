@@ -21,10 +21,11 @@ QLineEdit* BillWindow::MakeBox(const char* control, QString& text, bool isTyped)
     box->installEventFilter(this);
     Bind(box, text);
     if (isTyped)
-        connect(box, &QLineEdit::textEdited, this, [box, &text](const QString& typed) {
+        connect(box, &QLineEdit::textEdited, this, [this, box, &text](const QString& typed) {
             text = OneLine(typed); // of a text pasted from elsewhere
             if (text != typed)
                 box->setText(text);
+            ShowTitle();
         });
     else
         box->setEnabled(false);
@@ -35,7 +36,11 @@ QWidget* BillWindow::MakeDate()
 {
     m_date = new DateBox("DTPDate");
     m_date->installEventFilter(this);
-    connect(m_date, &DateBox::DateChanged, this, [this](const QDate& day) { m_bill.DTPDate = day; });
+    connect(m_date, &DateBox::DateChanged, this, [this](const QDate& day) {
+        m_bill.DTPDate = day;
+        ShowDay();
+        ShowTitle();
+    });
     return m_date;
 }
 
@@ -55,7 +60,10 @@ QWidget* BillWindow::MakeMoneyFrame()
     names->installEventFilter(this);
     if (m_program.parameters.IsLotMoney)
         names->addItems(MoneyNames(m_program));
-    connect(names, &QComboBox::currentTextChanged, this, [this](const QString& text) { m_bill.TxtMoneyName = text; });
+    connect(names, &QComboBox::currentTextChanged, this, [this](const QString& text) {
+        m_bill.TxtMoneyName = text;
+        ShowTitle();
+    });
     Bind(names, m_bill.TxtMoneyName);
     auto* const layout = new QHBoxLayout(frame);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -159,20 +159,20 @@ const std::vector<BillKey>& BillKeys()
 {
     using C = BillCommands;
     static const std::vector<BillKey> keys = {
-        {"ToolBuild", "新建", "新建", "Ctrl+N", nullptr, "FBuild", {}, &C::build, false},
+        {"ToolBuild", "新建", "新建", "Ctrl+N", nullptr, "FBuild", {}, &C::build, false, Unsaved::Goes},
         {"ToolSave", "保存", "保存", "Ctrl+S", nullptr, "FSave", Command::Save, nullptr, false},
-        {"ToolAuditing", "审核", "审核", "F7", kBill, nullptr, Command::Audit, &C::audit, true},
+        {"ToolAuditing", "审核", "审核", "F7", kBill, nullptr, Command::Audit, &C::audit, true, Unsaved::SavedFirst},
         {"ToolUnAuditing", "反审核", "反审核", "F8", kBill, nullptr, Command::UnAudit, &C::unAudit, false},
         {"ToolDelete", "删除", "删除单据", "F12", nullptr, "FDelete", Command::Delete, &C::remove, true},
         {"ToolInsertRow", "插入行", "插入行", "Ctrl+Ins", kEdit, nullptr, Command::InsertRow, &C::insertRow, true},
         {"ToolDeleteRow", "删除行", "删除行", "Ctrl+Del", kEdit, nullptr, Command::DeleteRow, &C::deleteRow, false},
-        {"ToolRedWord", "作废", "作废", "F9", kBill, nullptr, Command::Void, &C::redWord, true},
+        {"ToolRedWord", "作废", "作废", "F9", kBill, nullptr, Command::Void, &C::redWord, true, Unsaved::SavedFirst},
         {"ToolPrint", "打印", "打印", "Ctrl+P", nullptr, nullptr, Command::Print, nullptr, true},
         {"ToolIn", "导入", "导入", "Ctrl+I", kEdit, nullptr, Command::Import, nullptr, true},
         {"ToolPos", "扫描", "扫描", "F6", kEdit, nullptr, Command::Scan, nullptr, false},
         {"ToolImg", "图文", "图文", "F11", kBill, nullptr, {}, nullptr, false},
-        {"ToolBefore", "前单", "前单", "Ctrl+PgUp", kBill, nullptr, {}, &C::before, true},
-        {"ToolBack", "后单", "后单", "Ctrl+PgDown", kBill, nullptr, {}, &C::back, false},
+        {"ToolBefore", "前单", "前单", "Ctrl+PgUp", kBill, nullptr, {}, &C::before, true, Unsaved::Goes},
+        {"ToolBack", "后单", "后单", "Ctrl+PgDown", kBill, nullptr, {}, &C::back, false, Unsaved::Goes},
         {"ToolExit", "退出", "退出", "Ctrl+Q", nullptr, "FExit", {}, nullptr, true},
     };
     return keys;

@@ -36,6 +36,14 @@ struct BillCommands
     Rule back = NextBill;
 };
 
+/// What a command asks of a bill that holds what is not stored.
+enum class Unsaved
+{
+    Stays,      // nothing
+    Goes,       // whether it may be lost
+    SavedFirst, // that it is saved first
+};
+
 /// A key of the toolbar, and where its command stands in the menus.
 struct BillKey
 {
@@ -48,6 +56,7 @@ struct BillKey
     std::optional<Command> command;         // that locks it; unset for one that is never locked
     BillCommands::Rule BillCommands::*rule; // null where the window does more than run a rule
     bool opensGroup;
+    Unsaved unsaved = Unsaved::Stays;
 };
 const std::vector<BillKey>& BillKeys();
 

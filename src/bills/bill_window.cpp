@@ -2,6 +2,7 @@
 
 #include "bills/bill_widgets.h"
 #include "bills/date_box.h"
+#include "bills/draft.h"
 #include "bills/grid_view.h"
 #include "bills/lifecycle.h"
 #include "bills/line_columns.h"
@@ -21,6 +22,7 @@
 #include <QIntValidator>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -62,6 +64,11 @@ BillWindow::BillWindow(Program& program, std::shared_ptr<BillText> bill, const B
     : m_program(program), m_owner(std::move(bill)), m_bill(*m_owner), m_commands(commands)
 {
     setAttribute(Qt::WA_DeleteOnClose);
+    m_draft = std::make_unique<Draft>(program);
+    constexpr std::chrono::milliseconds kPause(1000);
+    m_draftTimer.setSingleShot(true);
+    m_draftTimer.setInterval(kPause);
+    connect(&m_draftTimer, &QTimer::timeout, this, &BillWindow::KeepDraft);
 }
 
 BillWindow::~BillWindow()
@@ -104,15 +111,14 @@ void BillWindow::Build(QWidget* head)
     m_loading->setAutoFillBackground(true);
     m_loading->hide();
     ConnectKeys();
-    new PrintCommands(m_program, m_bill, *m_commands.paper, *this, *m_loading, [this] { HideEditors(); });
+    new PrintCommands(m_program, m_bill, *m_commands.paper, *this, *m_loading, [this] { return IsStoredNow(); });
 }
 
 void BillWindow::ConnectKeys()
 {
     for (const BillKey& key : BillKeys()) {
         if (key.rule)
-            connect(findChild<QAction*>(key.control), &QAction::triggered, this,
-                    [this, rule = m_commands.*key.rule] { Run(rule); });
+            connect(findChild<QAction*>(key.control), &QAction::triggered, this, [this, &key] { Run(key); });
     }
     ConnectOwnCommands();
     connect(findChild<QAction*>("ToolExit"), &QAction::triggered, this, &QWidget::close);
@@ -255,8 +261,16 @@ void BillWindow::ShowBill()
     m_grid->Sync();
     ShowTotals();
     ShowCommands();
-    const QString code = m_bill.TxtBillCode.trimmed();
-    setWindowTitle(code.isEmpty() ? m_bill.LabBillName : m_bill.LabBillName + " " + code);
+    ShowDay();
+    ShowTitle();
+}
+
+/// A new bill keeps the day that stood there: one that is not the working date is to be noticed.
+void BillWindow::ShowDay()
+{
+    const QDate usual = WorkingDate(m_program);
+    const bool isOther = !m_bill.BillSavedFlag && m_bill.DTPDate != usual;
+    m_date->SetRemark(isOther ? "不是当前工作日期 " + DayText(usual) : QString());
 }
 
 void BillWindow::FillBill(const QString& tableName, const QString& billCode)
@@ -298,34 +312,41 @@ void BillWindow::HideEditors()
     m_editors->Hide();
 }
 
-void BillWindow::Run(BillCommands::Rule rule)
+void BillWindow::Run(const BillKey& key)
 {
     m_editors->Hide();
+    if (key.unsaved == Unsaved::Goes ? !MayGo() : key.unsaved == Unsaved::SavedFirst && !IsStoredNow())
+        return;
+    const BillCommands::Rule rule = m_commands.*key.rule;
     rule(m_program, m_bill);
     ShowBill();
     if (rule == m_commands.build)
         FocusFirstField();
 }
 
-void BillWindow::Save()
+bool BillWindow::SaveBill()
 {
     if (!m_date->Commit())
-        return;
+        return false;
     m_editors->Hide();
     const int row = m_bill.MSH.currentRow;
     const int column = m_bill.MSH.currentColumn;
-    Posting posting;
-    {
-        const Busy busy(*m_loading);
-        posting = m_commands.save(m_program, m_bill);
-    }
+    std::optional<Busy> busy;
+    const QScopedValueRollback<std::function<void(bool)>> shown(m_program.writing, [&](bool writing) {
+        if (writing)
+            busy.emplace(*m_loading);
+        else
+            busy.reset();
+    });
+    const Posting posting = m_commands.save(m_program, m_bill);
     ShowBill();
     const bool isBlank = posting.stored && !m_bill.BillSavedFlag;
-    if (isBlank)
-        return FocusFirstField();
     // A check that failed has put the cursor on the cell at fault.
-    if (!posting.stored && (m_bill.MSH.currentRow != row || m_bill.MSH.currentColumn != column))
+    if (isBlank)
+        FocusFirstField();
+    else if (!posting.stored && (m_bill.MSH.currentRow != row || m_bill.MSH.currentColumn != column))
         m_editors->ShowCellEditor();
+    return posting.stored;
 }
 
 void BillWindow::ShowKeys()
@@ -395,6 +416,9 @@ void BillWindow::closeEvent(QCloseEvent* event)
 {
     if (m_importing) // the session ends; nothing else reaches the window now
         return event->ignore();
+    if (!MayGo())
+        return event->ignore();
+    DropDraft();
     RememberPlace(m_program.parameters, metaObject()->className(), saveGeometry());
     RememberWidths(m_program.parameters, m_drawnKey, m_drawn);
     if (m_program.gConnection.State() == 1)

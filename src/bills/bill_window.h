@@ -10,14 +10,17 @@
 #include "dialogs/window_memory.h"
 
 #include <QMainWindow>
+#include <QTimer>
 #include <memory>
 
 class DateBox;
+class Draft;
 class GridView;
 class QBoxLayout;
 class QLabel;
 class QLineEdit;
 struct ColumnFormat;
+struct DraftText;
 
 class BillWindow : public QMainWindow
 {
@@ -29,6 +32,12 @@ public:
     const BillText& bill() const { return m_bill; }
     /// Loads a saved bill of a head table; without one the window is blank. Called before the window is shown.
     void FillBill(const QString& tableName, const QString& billCode);
+    /// Shows what a draft holds on the blank window of its kind; from here on it is this window's draft.
+    void TakeDraft(std::unique_ptr<Draft> draft, const DraftText& text);
+    /// Whether the bill may leave the screen: nothing would be lost, or the user has saved it or lets it go.
+    bool MayGo();
+    /// What is not stored has been let go.
+    void DropDraft();
 
 protected:
     /// @param bill  what the window shows; a window with more on its head passes a record of its own kind
@@ -67,6 +76,10 @@ protected:
     GridView& grid() { return *m_grid; }
     /// Before the lines are replaced under them.
     void HideEditors();
+    /// Whether the bill on the screen is a stored one, or blank; a changed one can be saved for that now.
+    bool IsStoredNow();
+    /// The user has put something into the bill: the title says so, and a draft follows.
+    void ShowTitle();
 
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -99,8 +112,13 @@ private:
     void PickForLine(const PickerNeeded& picker);
     void PickHere();
     void ShowKeys();
-    void Run(BillCommands::Rule rule);
-    void Save();
+    void Run(const BillKey& key);
+    void Save() { SaveBill(); }
+    /// True when the bill was stored.
+    bool SaveBill();
+    bool SaveAndStay();
+    void KeepDraft();
+    void ShowDay();
     void OpenImport();
     void ExcelInBill(QWidget* over);
     void ExportGrid();
@@ -123,4 +141,12 @@ private:
     bool m_importing = false;    // lines are on their way into the bill
     QString m_drawnKey;          // of the layout that m_drawn belongs to
     ColumnWidths m_drawn;        // by the user
+    std::unique_ptr<Draft> m_draft;
+    QTimer m_draftTimer;         // runs out when the user pauses
+    bool m_draftRefused = false; // it could not be written, which has been said
 };
+
+/// Asks every open bill window whether it may go; false with the first one that may not.
+bool MayLeaveBills();
+/// The process ends, and what its bill windows hold has been let go.
+void DropDrafts();

@@ -20,6 +20,8 @@ const QString kWays =
 
 const QColor kWrong(0xe5, 0x48, 0x3f);
 constexpr double kWrongShare = 0.28;
+const QColor kUnusual(0xff, 0xb0, 0x00);
+constexpr double kUnusualShare = 0.25;
 
 constexpr int kYearEnd = 4; // in 2023-02-08
 constexpr int kMonthEnd = 7;
@@ -123,9 +125,26 @@ void DateBox::Mark(bool unreadable)
     if (unreadable == m_marked)
         return;
     m_marked = unreadable;
+    Tint();
+}
+
+void DateBox::SetRemark(const QString& remark)
+{
+    if (remark == m_remark)
+        return;
+    m_remark = remark;
+    setToolTip(remark.isEmpty() ? kWays : remark + "\n" + kWays);
+    Tint();
+}
+
+void DateBox::Tint()
+{
     QPalette colours;
+    const QColor base = colours.color(QPalette::Base);
     if (m_marked)
-        colours.setColor(QPalette::Base, Mixed(colours.color(QPalette::Base), kWrong, kWrongShare));
+        colours.setColor(QPalette::Base, Mixed(base, kWrong, kWrongShare));
+    else if (!m_remark.isEmpty())
+        colours.setColor(QPalette::Base, Mixed(base, kUnusual, kUnusualShare));
     setPalette(colours);
 }
 

@@ -24,6 +24,8 @@ public:
     const QDate& date() const { return m_day; }
     /// What is being typed stays while the day is the same.
     void SetDate(const QDate& day);
+    /// Tints the box and says something of its day in the tip; nothing for an empty text.
+    void SetRemark(const QString& remark);
     /// The day to which +1 or 15 refer in an empty box.
     void SetBase(const QDate& day) { m_base = day; }
     /// Takes what was typed. False when it cannot be read, which is shown and heard.
@@ -46,9 +48,11 @@ private:
     void Step(int step);
     void ShowDay();
     void Mark(bool unreadable);
+    void Tint();
 
     const bool m_mayBeEmpty;
     QDate m_day;
     QDate m_base;
     bool m_marked = false;
+    QString m_remark;
 };

@@ -47,14 +47,14 @@ constexpr TemplateList kLists[] = {
 } // namespace
 
 PrintCommands::PrintCommands(Program& program, const BillText& bill, const BillPaper& paper, QMainWindow& window,
-                             QLabel& loading, std::function<void()> settle)
+                             QLabel& loading, std::function<bool()> isStored)
     : QObject(&window),
       m_program(program),
       m_bill(bill),
       m_paper(paper),
       m_window(window),
       m_loading(loading),
-      m_settle(std::move(settle))
+      m_isStored(std::move(isStored))
 {
     ConnectFormats();
     ConnectLists();
@@ -99,8 +99,7 @@ void PrintCommands::ConnectLists()
 
 bool PrintCommands::MayPrint(const QString& function)
 {
-    m_settle();
-    return CheckOperateRight(m_program, m_program.parameters.UserName, function, Action::Print);
+    return CheckOperateRight(m_program, m_program.parameters.UserName, function, Action::Print) && m_isStored();
 }
 
 void PrintCommands::RunPlain(const QString& action)

@@ -16,9 +16,9 @@ class PrintCommands : public QObject
 public:
     /// Hangs the work on the entries of the window, which are there already.
     /// @param loading  shown while a template is filled
-    /// @param settle  takes over what is being typed
+    /// @param isStored  whether what is on the screen is stored; otherwise the user has been asked
     PrintCommands(Program& program, const BillText& bill, const BillPaper& paper, QMainWindow& window, QLabel& loading,
-                  std::function<void()> settle);
+                  std::function<bool()> isStored);
 
 private:
     void ConnectFormats();
@@ -33,5 +33,5 @@ private:
     const BillPaper& m_paper;
     QMainWindow& m_window;
     QLabel& m_loading;
-    const std::function<void()> m_settle;
+    const std::function<bool()> m_isStored;
 };

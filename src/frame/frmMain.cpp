@@ -51,16 +51,8 @@ constexpr QSize kOpeningSize(1200, 690);
 
 } // namespace
 
-void frmMain::EndEventLoop()
-{
-    QCoreApplication::exit(0);
-}
-
-frmMain::frmMain(Program& program, QStringView moduleRunMode, EndProcess endProcess)
-    : m_program(program),
-      m_moduleRunMode(moduleRunMode),
-      m_endProcess(std::move(endProcess)),
-      m_brand(BrandOf(program.parameters.SoftType))
+frmMain::frmMain(Program& program, QStringView moduleRunMode)
+    : m_program(program), m_moduleRunMode(moduleRunMode), m_brand(BrandOf(program.parameters.SoftType))
 {
     setObjectName("frmMain");
     setWindowTitle("仓库管理");
@@ -193,15 +185,21 @@ bool frmMain::RunFunction(const QString& word)
         OpenAssembly();
         return false;
     case WindowStep::AskExit:
-        if (frmExit(m_program, this).exec() != QDialog::Accepted)
-            return false;
-        break;
     case WindowStep::EndProcess:
-        break;
+        return m_program.mayLeave() && Leave();
     case WindowStep::None:
-        return false;
+        break;
     }
-    m_endProcess();
+    return false;
+}
+
+/// False where the user has taken the way back.
+bool frmMain::Leave()
+{
+    const bool asks = m_moduleRunMode != kStandAloneMode;
+    if (asks && frmExit(m_program, this).exec() != QDialog::Accepted)
+        return false;
+    m_program.leave();
     return true;
 }
 
@@ -221,8 +219,10 @@ void frmMain::OpenAssembly()
 
 void frmMain::closeEvent(QCloseEvent* event)
 {
+    if (!m_program.mayLeave())
+        return event->ignore();
     event->accept(); // also after the way back: the frame's close goes on
-    if (RunFunction("退出"))
+    if (Leave())
         return;
     if (m_program.gConnection.State() == 1)
         m_program.gConnection.Close();

@@ -6,7 +6,6 @@
 #include "frame/functions.h"
 
 #include <QMainWindow>
-#include <functional>
 
 class Banner;
 class Desk;
@@ -18,12 +17,7 @@ class frmMain : public QMainWindow
     Q_OBJECT
 
 public:
-    /// Ends the process at once, without closing logic.
-    using EndProcess = std::function<void()>;
-    static void EndEventLoop();
-
-    explicit frmMain(Program& program, QStringView moduleRunMode = kModuleRunMode,
-                     EndProcess endProcess = EndEventLoop);
+    explicit frmMain(Program& program, QStringView moduleRunMode = kModuleRunMode);
 
     /// Runs the function of a word and opens the window that it needs.
     /// @return true when the process is ending
@@ -43,6 +37,7 @@ private:
     void BuildStatusBar();
     QString VersionText() const;
     bool IsCloud() const;
+    bool Leave();
     void OpenBill();
     void OpenAssembly();
     /// Shows a picture behind the entries, now and from the next start on; none for an empty path.
@@ -50,7 +45,6 @@ private:
 
     Program& m_program;
     const QStringView m_moduleRunMode;
-    const EndProcess m_endProcess;
     const Brand& m_brand;
     Banner* m_top = nullptr;
     Banner* m_top2 = nullptr;

@@ -152,7 +152,8 @@ bool AsksRight(Deed deed)
 
 WindowStep Launch(Program& program, const QString& word)
 {
-    return LaunchByWord(program, word).leave ? WindowStep::EndProcess : WindowStep::None;
+    LaunchByWord(program, word);
+    return WindowStep::None;
 }
 
 WindowStep Do(Program& program, Deed deed, const QString& word, QStringView moduleRunMode)

@@ -1,12 +1,15 @@
 #include "frame/start.h"
 
 #include "assembly/frmGroupPiece.h"
+#include "bills/draft.h"
 #include "bills/frmWareManage.h"
 #include "data/bill_kinds.h"
 #include "data/decimals.h"
 #include "frame/frmMain.h"
 #include "frame/run_mode.h"
 #include "handover/undertaking.h"
+
+#include <QCoreApplication>
 
 namespace {
 
@@ -47,11 +50,12 @@ void ShowRecalledBill(Program& program, QStringView moduleRunMode)
         window->frm_Initialize(true);
 }
 
-void ShowNewBill(Program& program)
+BillWindow* ShowNewBill(Program& program)
 {
     auto* const window = new frmWareManage(program);
     window->show();
     window->frm_Initialize(false);
+    return window;
 }
 
 void ShowRecalledAssembly(Program& program, QStringView moduleRunMode)
@@ -61,11 +65,12 @@ void ShowRecalledAssembly(Program& program, QStringView moduleRunMode)
         window->frm_Initialize(true, true);
 }
 
-void ShowNewAssembly(Program& program)
+BillWindow* ShowNewAssembly(Program& program)
 {
     auto* const window = new frmGroupPiece(program);
     window->show();
     window->frm_Initialize(false, true);
+    return window;
 }
 
 void ShowMain(Program& program)
@@ -73,6 +78,30 @@ void ShowMain(Program& program)
     auto* const window = new frmMain(program);
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->show();
+}
+
+/// A window of the draft's kind with what it holds, where the user wants it back.
+void OfferDraft(Program& program, std::unique_ptr<Draft> draft)
+{
+    const std::optional<DraftText> text = draft->Read(program);
+    if (!text) {
+        const QString path = draft->path();
+        const QString aside = draft->PutAside();
+        program.prompt.Inform("草稿文件已损坏，不能恢复：\r\n" + path +
+                              (aside.isEmpty() ? QString() : "\r\n该文件已改名保留为：\r\n" + aside));
+        return;
+    }
+    const Choice choice = program.prompt.Choose(
+        "程序上次意外结束时有未保存的单据，需要恢复吗？\r\n" + DescribeDraft(*text), "恢复(&R)", "放弃(&D)");
+    if (choice == Choice::Second)
+        draft->Remove();
+    if (choice != Choice::First)
+        return;
+    const bool isPieces = text->kind->lines == LineShape::Pieces;
+    const QString handedOver = std::exchange(program.parameters.OperateType, text->kind->operation);
+    BillWindow* const window = isPieces ? ShowNewAssembly(program) : ShowNewBill(program);
+    program.parameters.OperateType = handedOver;
+    window->TakeDraft(std::move(draft), *text);
 }
 
 /// False when the user was told that there is nothing to open.
@@ -123,5 +152,12 @@ std::unique_ptr<Program> Main(const QString& folder, Prompt& prompt, Clock& cloc
     if (!ShowFirstWindow(*program, moduleRunMode))
         return nullptr;
     program->parameters.IsAccess = program->parameters.DatabaseType == "Access";
+    program->mayLeave = MayLeaveBills;
+    program->leave = [] {
+        DropDrafts();
+        QCoreApplication::exit(0);
+    };
+    for (std::unique_ptr<Draft>& draft : Draft::LeftBehind(*program))
+        OfferDraft(*program, std::move(draft));
     return program;
 }

@@ -125,7 +125,7 @@ bool StartProgram(Program& program, const LaunchRow& row)
 
 } // namespace
 
-LaunchResult LaunchFunction(Program& program, const QString& functionWord, const Directives& directives)
+bool LaunchFunction(Program& program, const QString& functionWord, const Directives& directives)
 {
     const QString word = functionWord.trimmed();
     const std::vector<LaunchRow>& table = LaunchTable();
@@ -133,14 +133,19 @@ LaunchResult LaunchFunction(Program& program, const QString& functionWord, const
         std::find_if(table.begin(), table.end(), [&](const LaunchRow& each) { return each.words.contains(word); });
     if (row == table.end()) {
         program.prompt.Inform("未传递操作指令，操作中断！");
-        return {};
+        return false;
     }
+    const bool leaves = LeavesAfterStart(*row, word);
+    if (leaves && !program.mayLeave())
+        return false;
     if (!HandOver(program, *row, word, directives) || !StartProgram(program, *row))
-        return {};
-    return {.started = true, .leave = LeavesAfterStart(*row, word)};
+        return false;
+    if (leaves)
+        program.leave();
+    return true;
 }
 
-LaunchResult LaunchByWord(Program& program, const QString& functionWord)
+bool LaunchByWord(Program& program, const QString& functionWord)
 {
     return LaunchFunction(program, functionWord, {functionWord});
 }

@@ -138,6 +138,8 @@ SaveUnit::SaveUnit(Program& program) : m_program(program), m_undertaking(program
         WaitFor(program, [&] { store.BeginUnit(); });
         m_open = true;
         program.unitOpen = true;
+        if (program.writing)
+            program.writing(true);
     } catch (const StoreError& error) {
         ReportFailure(program, error);
     }
@@ -192,6 +194,8 @@ void SaveUnit::EndUnit()
 {
     m_open = false;
     m_program.unitOpen = false;
+    if (m_program.writing)
+        m_program.writing(false);
     const std::vector<HeldBox> boxes = std::exchange(m_program.heldBoxes, {});
     for (const HeldBox& box : boxes) {
         // What was said of rows that are not there is not said.

@@ -8,6 +8,7 @@
 #include "database/connection.h"
 #include "handover/run_parameters.h"
 
+#include <functional>
 #include <vector>
 
 /// Places codes of the account set: 0 or more that many places with grouping, -1 the default places with grouping,
@@ -47,6 +48,12 @@ struct Program
     Clock& clock;
     /// Null until a workbook is first asked for.
     std::unique_ptr<SpreadsheetHost> spreadsheet;
+    /// Called when a unit begins to be written and when it has ended, by the window whose bill it is; may be unset.
+    std::function<void(bool writing)> writing;
+    /// Whether the process may end: what is not stored has been asked about. Set by whoever owns the windows.
+    std::function<bool()> mayLeave = [] { return true; };
+    /// Ends the process at once, without its closing logic.
+    std::function<void()> leave = [] {};
     Underway underway;
     /// A SaveUnit is open, whatever the store has made of its unit meanwhile.
     bool unitOpen = false;

@@ -96,7 +96,12 @@ TEST_F(GroupPieceTest, TheModeGivesTheCaptionsAndEmptiesTheBill)
     TypeProduct();
     EXPECT_EQ(Text("LabWareName") + Text("LabAmount") + Text("LabOperateMoneyName"),
               "组装商品名组装数量组装商品金额合计：");
+    Find<QRadioButton>("OptPiece")->click(); // and stays with what is typed
+    EXPECT_TRUE(Find<QRadioButton>("OptGroup")->isChecked());
+    EXPECT_EQ(Box("TxtWareName"), "套装");
+    test.prompt.choices = {Choice::Second};
     Find<QRadioButton>("OptPiece")->click();
+    EXPECT_EQ(test.prompt.TakeTexts().size(), 2);
     EXPECT_EQ(Text("LabWareName") + Text("LabAmount") + Text("LabOperateMoneyName"),
               "拆卸商品名拆卸数量拆卸商品金额合计：");
     EXPECT_EQ(Text("LabBillName"), "商品拆卸单");

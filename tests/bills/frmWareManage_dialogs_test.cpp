@@ -164,7 +164,9 @@ TEST_F(WareManageDialogs, FormatsShowAtOnceAndLeaveTheLinesAlone)
     EXPECT_EQ(Rows("select ColWidth,ColElseName from TabPrintMSHSet where TabName='盘点报损单界面' and ColOrder in "
                    "(3,7) order by ColOrder"),
               QStringList({"0|规格", "1500|P"}));
+    test.prompt.choices = {Choice::Second};
     Press({Qt::Key_N}, Qt::ControlModifier);
+    test.prompt.TakeTexts();
     EXPECT_EQ(Line(1).size(), 7) << "the saved layout comes back";
 
     TypeAndEnter({"101", "", "", "", "A001"});

@@ -16,7 +16,8 @@ class MainWindowTest : public WindowOf<frmMain>
 protected:
     void Open(QStringView mode = kModuleRunMode)
     {
-        ShowNew(mode, [this] { ++ends; });
+        test.program.leave = [this] { ++ends; };
+        ShowNew(mode);
         window->resize(1200, 690);
     }
     void DoubleClickNode(const QString& text)
@@ -162,6 +163,24 @@ TEST_F(MainWindowTest, ClosingByTheFrameAsksAndClosesWhateverTheAnswer)
     EXPECT_FALSE(window->isVisible());
     EXPECT_EQ(test.program.gConnection.State(), 0);
     EXPECT_EQ(ends, 0);
+}
+
+TEST_F(MainWindowTest, WorkThatIsNotStoredIsAskedAboutBeforeAnythingCloses)
+{
+    Open();
+    bool mayLeave = false;
+    int asked = 0;
+    test.program.mayLeave = [&] {
+        ++asked;
+        return mayLeave;
+    };
+    Click("Cmd7");
+    window->close();
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(asked, 2);
+    mayLeave = true;
+    Leave("CmdOk", [](QCheckBox& backup) { backup.setChecked(false); });
+    EXPECT_EQ(std::pair(asked, ends), std::pair(3, 1));
 }
 
 TEST_F(MainWindowTest, AModuleSoldAloneHasNoMenusAndLeavesAtOnce)

@@ -1,3 +1,5 @@
+#include "bills/draft.h"
+#include "bills/lifecycle.h"
 #include "frame/run_mode.h"
 #include "frame/start.h"
 #include "support/test_program.h"
@@ -69,6 +71,52 @@ TEST(Start, ASavedBillOpensAndTheHandOverIsGone)
         EXPECT_TRUE(program->parameters.IsAccess);
         delete shown.front();
     }
+}
+
+/// The draft of a typed loss, left by a process that was killed.
+QString LeaveDraft(TestProgram& test)
+{
+    BillText bill;
+    test.program.parameters.OperateType = "盘点报损";
+    LoadWindow(test.program, bill);
+    frm_Initialize(test.program, bill, false);
+    bill.TxtMemo = "急";
+    Draft draft(test.program);
+    EXPECT_TRUE(draft.Write(test.program, bill));
+    return draft.path();
+}
+
+TEST(Start, ADraftIsOfferedAndADamagedOneIsRefusedByName)
+{
+    TestProgram test;
+    const auto start = [&](Choice choice) {
+        EXPECT_TRUE(WriteRunParameters(test.folder.path(), test.program.parameters, {}));
+        test.prompt.choices = {choice};
+        const auto program = Main(test.folder.path(), test.prompt, test.clock, kInTheSuite);
+        QWidgetList windows = QApplication::topLevelWidgets();
+        windows.removeIf([](const QWidget* window) { return !window->isVisible(); });
+        QStringList titles;
+        for (const QWidget* window : windows)
+            titles << window->windowTitle();
+        qDeleteAll(windows);
+        titles.sort();
+        return titles.join('|');
+    };
+    const QString path = LeaveDraft(test);
+    EXPECT_EQ(start(Choice::Cancel), "仓库管理");
+    EXPECT_EQ(test.Boxes(), "程序上次意外结束时有未保存的单据，需要恢复吗？\r\n盘点报损单 2023-02-08");
+    EXPECT_EQ(start(Choice::First), "仓库管理|盘点报损单*");
+    EXPECT_EQ(start(Choice::Second), "仓库管理");
+    EXPECT_FALSE(QFile::exists(path));
+
+    const QString damaged = LeaveDraft(test);
+    ASSERT_TRUE(QFile::resize(damaged, 100));
+    test.prompt.boxes.clear();
+    EXPECT_EQ(start(Choice::First), "仓库管理");
+    EXPECT_EQ(test.Boxes(),
+              "草稿文件已损坏，不能恢复：\r\n" + damaged + "\r\n该文件已改名保留为：\r\n" + damaged + ".damaged");
+    EXPECT_TRUE(QFile::exists(damaged + ".damaged"));
+    EXPECT_EQ(start(Choice::First) + test.Boxes(), "仓库管理");
 }
 
 } // namespace

@@ -11,6 +11,10 @@ namespace {
 class LauncherTest : public testing::Test
 {
 protected:
+    LauncherTest()
+    {
+        program().leave = [this] { ++m_left; };
+    }
     Program& program() { return m_test.program; }
     QString Path(const QString& name) const { return m_test.program.folder + "/" + name; }
 
@@ -39,6 +43,7 @@ protected:
     }
 
     TestProgram m_test;
+    int m_left = 0; // how often the process would have ended
 };
 
 TEST_F(LauncherTest, EachWordLeadsToItsProgram)
@@ -60,8 +65,7 @@ TEST_F(LauncherTest, EachWordLeadsToItsProgram)
     for (const auto& [title, words] : programs) {
         for (const QString& word : words.split('|')) {
             SCOPED_TRACE(word.toStdString());
-            const LaunchResult result = LaunchByWord(program(), word);
-            EXPECT_FALSE(result.started || result.leave);
+            EXPECT_FALSE(LaunchByWord(program(), word));
             ASSERT_EQ(m_test.prompt.boxes.size(), 1U);
             EXPECT_EQ(m_test.prompt.boxes.front().kind, "warn");
             EXPECT_EQ(m_test.prompt.TakeTexts(), QStringList(title + "不存在，请确定您程序安装是否完整！"));
@@ -78,10 +82,10 @@ TEST_F(LauncherTest, StartsTheSiblingInItsFolderWithTheHandOver)
 {
     InstallSibling("WHMO.exe");
     program().parameters.ConDataName = "acct01";
-    const LaunchResult result = LaunchFunction(
-        program(), "商品组装原单查看", {"商品组装原单查看", " 商品组装 ", "TabWarePiece", "ZZD202302080001", ""});
-    EXPECT_TRUE(result.started);
-    EXPECT_FALSE(result.leave);
+    const bool isStarted = LaunchFunction(program(), "商品组装原单查看",
+                                          {"商品组装原单查看", " 商品组装 ", "TabWarePiece", "ZZD202302080001", ""});
+    EXPECT_TRUE(isStarted);
+    EXPECT_EQ(m_left, 0);
     EXPECT_EQ(Note(), "CfgVault.dll\n" + QDir(program().folder).canonicalPath() + "\n");
     EXPECT_EQ(QFile::permissions(Path("CfgVault.dll")) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
 
@@ -99,19 +103,23 @@ TEST_F(LauncherTest, LeavesForBackupAndRestoreButNotForOtherMaintenance)
     InstallSibling("SYMO.exe");
     for (const auto& [word, leaves] :
          {std::pair("备份数据库", true), {"恢复数据库", true}, {"操作用户设置", false}, {"仓库日结", false}}) {
-        const LaunchResult result = LaunchByWord(program(), word);
-        EXPECT_TRUE(result.started) << word;
-        EXPECT_EQ(result.leave, leaves) << word;
+        m_left = 0;
+        EXPECT_TRUE(LaunchByWord(program(), word)) << word;
+        EXPECT_EQ(m_left, leaves) << word;
         EXPECT_NE(Note(), "");
         QFile::remove(Path("started"));
     }
+    program().mayLeave = [] { return false; };
+    EXPECT_FALSE(LaunchByWord(program(), "恢复数据库")) << "the user stays with a bill that is not stored";
+    EXPECT_FALSE(QFile::exists(Path("started")));
+    EXPECT_TRUE(LaunchByWord(program(), "操作用户设置"));
 }
 
 TEST_F(LauncherTest, TheStarterGetsOneClearWordAndNoHandOver)
 {
     InstallSibling("Lnch.exe");
-    const LaunchResult result = LaunchByWord(program(), "更换操作员");
-    EXPECT_TRUE(result.started && result.leave);
+    EXPECT_TRUE(LaunchByWord(program(), "更换操作员"));
+    EXPECT_EQ(m_left, 1);
     EXPECT_TRUE(Note().startsWith("lnch.ini\n/"));
 }
 
@@ -120,8 +128,8 @@ TEST_F(LauncherTest, SaysWhenAProgramDoesNotStart)
     Write("IMMO.exe", "no program");
     Write("Lnch.exe", "no program");
     EXPECT_FALSE(LaunchByWord(program(), "盘点报溢单图片"));
-    const LaunchResult starter = LaunchByWord(program(), "更换账套");
-    EXPECT_FALSE(starter.started || starter.leave);
+    EXPECT_FALSE(LaunchByWord(program(), "更换账套"));
+    EXPECT_EQ(m_left, 0);
     EXPECT_EQ(m_test.prompt.TakeTexts(), QStringList({"启动图片管理程序意外终止！", "启动程序意外终止！"}));
 }
 
