@@ -36,7 +36,8 @@ Posting FSave(Program& program, GroupPieceText& bill)
     if (save.posting.stored)
         MarkUnchanged(bill);
     OpenNavigation(program, bill);
-    if (bill.ChAutoAdd && (save.posting.stored || save.posting.declined))
+    const Next next = NextAfter(program, bill, save.posting);
+    if (next == Next::Blank)
         NewBill(program, bill);
-    return save.posting;
+    return next == Next::SaveAgain ? FSave(program, bill) : save.posting;
 }

@@ -1,6 +1,7 @@
 #include "bills/posting.h"
 
 #include "bills/audit.h"
+#include "bills/bill_content.h"
 #include "bills/save_rows.h"
 #include "bills/stored_head.h"
 #include "data/decimals.h"
@@ -197,4 +198,21 @@ Posting SaveTransferBill(Program& program, BillText& bill)
 Posting SaveStockBill(Program& program, BillText& bill)
 {
     return SaveBill(program, bill, StockHead);
+}
+
+Next NextAfter(Program& program, const BillText& bill, const Posting& posting)
+{
+    if (!bill.ChAutoAdd || !(posting.stored || posting.declined))
+        return Next::Stay;
+    if (posting.stored || !IsChanged(bill))
+        return Next::Blank;
+    switch (AskUnsaved(program, bill)) {
+    case Choice::First:
+        return Next::SaveAgain;
+    case Choice::Second:
+        return Next::Blank;
+    case Choice::Cancel:
+        break;
+    }
+    return Next::Stay;
 }

@@ -23,6 +23,17 @@ Posting SaveStockBill(Program& program, BillText& bill);
 /// A stored bill on its screen, audited if so wished.
 void ShowAsSaved(Program& program, BillText& bill);
 
+/// What follows a save where each is to be followed by a new bill.
+enum class Next
+{
+    Stay,
+    Blank,
+    SaveAgain,
+};
+/// After a save that stored, and after the user's own no, the window is blanked, what is not stored with the user's word
+/// alone; after any other refusal the bill stays.
+Next NextAfter(Program& program, const BillText& bill, const Posting& posting);
+
 /// After a save that stored nothing the number that it drew goes back, and where the database did not answer, the whole
 /// screen is as it was before.
 template <typename Bill>

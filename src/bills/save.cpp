@@ -39,7 +39,8 @@ Posting FSave(Program& program, BillText& bill)
         MarkUnchanged(bill);
     }
     OpenNavigation(program, bill);
-    if (bill.ChAutoAdd && (posting.stored || posting.declined))
+    const Next next = NextAfter(program, bill, posting);
+    if (next == Next::Blank)
         NewBill(program, bill);
-    return posting;
+    return next == Next::SaveAgain ? FSave(program, bill) : posting;
 }
