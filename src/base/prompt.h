@@ -21,6 +21,8 @@ public:
     virtual void Inform(const QString& text) = 0;
     /// Information icon, OK and Cancel, which end the command alike.
     virtual void InformOrCancel(const QString& text) { Inform(text); }
+    /// Information icon, OK, under the title "错误": a stored file that is not there.
+    virtual void InformFault(const QString& text) { Inform(text); }
     /// Critical icon, OK: a failed start, a missing program.
     virtual void Warn(const QString& text) = 0;
     /// Yes and no; true for yes.

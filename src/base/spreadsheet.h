@@ -57,6 +57,8 @@ public:
     /// Draws texts as barcodes into the cells of a column, from a row on, above their text, which becomes small, and
     /// fits the rows. A text that no bars can show stands alone.
     virtual void DrawBarcodes(int row, int column, const QStringList& texts) = 0;
+    /// Numbers of a column show this many decimals, unless they have a format of their own.
+    virtual void ShowPlaces(int row, int column, int rows, int places, bool grouping) = 0;
     /// What is typed into these columns is kept as a text: 001 stays 001.
     virtual void KeepAsTexts(int column, int columns) = 0;
     /// Makes the first columns as wide as their texts.

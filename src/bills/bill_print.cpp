@@ -7,6 +7,8 @@
 namespace {
 
 constexpr int kCodeColumn = 1;
+/// As the forms have it: of one currency nothing is said.
+const char* const kCurrencyCell = "币种 / 汇率：?币种　?汇率";
 const char* const kDayForm = "yyyy年MM月dd日";
 
 constexpr TextToken<BillText> kWareManageTokens[] = {
@@ -119,6 +121,8 @@ std::vector<BillToken> BillTokens(Program& program, const BillText& bill, const 
         {"?单据日期", bill.DTPDate.toString(kDayForm)},
         {"?电脑日期", program.clock.Now().day.toString(kDayForm)},
     };
+    if (!program.parameters.IsLotMoney)
+        tokens.push_back({kCurrencyCell, {}});
     tokens.insert(tokens.end(), own.begin(), own.end());
     for (const auto& [word, text] : kClosingTokens)
         tokens.push_back({word, bill.*text});

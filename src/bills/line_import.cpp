@@ -58,6 +58,12 @@ QString SheetText(const QStringList& row, int column)
     return column <= row.size() ? OneLine(row[column - 1]) : QString();
 }
 
+/// Whether SheetText has made one line of several.
+bool IsJoined(const QStringList& row, int column)
+{
+    return column <= row.size() && row[column - 1].trimmed().contains('\n');
+}
+
 QString CodeOf(const QStringList& row, const SheetColumns& sheet)
 {
     return SheetText(row, sheet.code).trimmed();
@@ -76,16 +82,27 @@ SpreadsheetError Unfit(const QString& path, const QString& lacking)
             "文件“" + QFileInfo(path).fileName() + "”中没有" + lacking + "，不能导入！"};
 }
 
+/// An only sheet may bear any name.
+std::unique_ptr<Sheet> SheetOfLines(Workbook& workbook, const QString& path)
+{
+    const QStringList names = workbook.sheetNames();
+    std::unique_ptr<Sheet> sheet = names.size() == 1 ? workbook.SheetAt(0) : workbook.SheetNamed(kSheetName);
+    if (!sheet)
+        throw Unfit(path, "名称为“" + kSheetName + "”的工作表（只有“" + names.join("”、“") + "”）");
+    return sheet;
+}
+
 /// Runs where the workbook is.
 ImportSheet ReadImportSheet(SpreadsheetApplication& application, const QString& path)
 {
     const std::unique_ptr<Workbook> workbook = application.Open(path);
-    const std::unique_ptr<Sheet> sheet = workbook->SheetNamed(kSheetName);
-    if (!sheet)
-        throw Unfit(path, "名称为“" + kSheetName + "”的工作表");
-    ImportSheet read{SheetColumns(sheet->Read(1, 1, 1, kExcelColumns).front()), {}, sheet->usedRows()};
+    const std::unique_ptr<Sheet> sheet = SheetOfLines(*workbook, path);
+    const int used = sheet->usedRows();
+    if (used == 0)
+        throw Unfit(path, "任何数据，或者文件已损坏");
+    ImportSheet read{SheetColumns(sheet->Read(1, 1, 1, kExcelColumns).front()), {}, used};
     if (read.columns.code == kNoExcelColumn)
-        throw Unfit(path, "“商品编号”列（工作表“" + kSheetName + "”的第一行是表头）");
+        throw Unfit(path, "“商品编号”列（工作表的第一行是表头）");
     for (int row = 2; row <= read.used; row += kRowsAtATime) {
         for (QStringList& cells : sheet->Read(row, 1, std::min(kRowsAtATime, read.used - row + 1), kExcelColumns)) {
             if (CodeOf(cells, read.columns).isEmpty())
@@ -132,6 +149,13 @@ public:
         m_grid.AddRow();
     }
 
+    /// Whether a text of the row has lost a line break.
+    bool Joins(const QStringList& row) const
+    {
+        return IsJoined(row, m_from.name) || IsJoined(row, m_from.spec) ||
+               std::ranges::any_of(m_texts, [&](const auto& text) { return IsJoined(row, text.first); });
+    }
+
     LineGrid& grid() { return m_grid; }
 
 private:
@@ -165,6 +189,7 @@ struct Outcome
 {
     int lines = 0;
     std::vector<std::pair<int, QString>> unknown; // rows of the sheet, and the codes that no good has
+    QStringList joined;                           // rows in whose texts a line break has become a blank
     int endRow = 0;                               // the one without a code, where rows stand below it; 0 for none
 
     QString Text() const;
@@ -179,6 +204,9 @@ QString Outcome::Text() const
         text << "第" + QString::number(row) + "行：没有编号为“" + code + "”的商品";
     if (unknown.size() > kNamedRows)
         text << "……";
+    if (!joined.isEmpty())
+        text << "第" + joined.mid(0, kNamedRows).join("、") + (joined.size() > qsizetype(kNamedRows) ? "……" : "") +
+                    "行的文字中有换行，已改为空格。";
     if (endRow != 0)
         text << "第" + QString::number(endRow) + "行没有商品编号，从这一行起没有导入。";
     if (lines == 0)
@@ -208,6 +236,8 @@ std::optional<Outcome> Import(Program& program, BillText& bill, const QString& p
             outcome.unknown.emplace_back(row + 2, code);
         else
             lines.Write(sheet->rows[row], good);
+        if (!good.isEmpty() && lines.Joins(sheet->rows[row]))
+            outcome.joined << QString::number(row + 2);
     }
     if (importing.failed())
         return {};

@@ -99,6 +99,11 @@ void MessagePrompt::Inform(const QString& text)
     Tell(kInformation, kTitle, text);
 }
 
+void MessagePrompt::InformFault(const QString& text)
+{
+    Tell(kInformation, "错误", text);
+}
+
 void MessagePrompt::InformOrCancel(const QString& text)
 {
     Box box(kInformation, kTitle, text);

@@ -9,6 +9,7 @@ class MessagePrompt : public Prompt
 public:
     void Inform(const QString& text) override;
     void InformOrCancel(const QString& text) override;
+    void InformFault(const QString& text) override;
     void Warn(const QString& text) override;
     bool Ask(const QString& text) override;
     Choice Choose(const QString& text, const QString& first, const QString& second) override;

@@ -304,6 +304,28 @@ Any UnoSheet::TextFormat() const
     return Any(formats->getStandardFormat(util::NumberFormat::TEXT, lang::Locale()));
 }
 
+void UnoSheet::ShowPlaces(int row, int column, int rows, int places, bool grouping)
+{
+    m_watch.Call(kRefused, [&] {
+        const Reference<beans::XPropertySet> cells =
+            PropertiesOf(m_sheet->getCellRangeByPosition(column - 1, row - 1, column - 1, row + rows - 2));
+        const Reference<util::XNumberFormatsSupplier> supplier(m_document, UNO_QUERY_THROW);
+        const Reference<util::XNumberFormats> formats = supplier->getNumberFormats();
+        sal_Int32 own = 0;
+        if (!(cells->getPropertyValue("NumberFormat") >>= own)) // one here, another there
+            return;
+        lang::Locale locale;
+        formats->getByKey(own)->getPropertyValue("Locale") >>= locale;
+        if (own != Reference<util::XNumberFormatTypes>(formats, UNO_QUERY_THROW)->getStandardIndex(locale))
+            return;
+        const rtl::OUString code =
+            ToUno((grouping ? QString("#,##0") : QString("0")) + (places > 0 ? "." + QString(places, '0') : QString()));
+        const lang::Locale english("en", "US", {});
+        const sal_Int32 known = formats->queryKey(code, english, false);
+        cells->setPropertyValue("NumberFormat", Any(known >= 0 ? known : formats->addNew(code, english)));
+    });
+}
+
 void UnoSheet::KeepAsTexts(int column, int columns)
 {
     m_watch.Call(kRefused, [&] {

@@ -26,6 +26,7 @@ public:
     void FitCells(const std::vector<std::pair<int, int>>& cells) override;
     bool HasOwnFont(int row, int column) override;
     void DrawBarcodes(int row, int column, const QStringList& texts) override;
+    void ShowPlaces(int row, int column, int rows, int places, bool grouping) override;
     void KeepAsTexts(int column, int columns) override;
     void FitColumns(int columns) override;
 

@@ -10,7 +10,7 @@ bool SaveTableFileToDisk(Program& program, const QString& fileName, const QStrin
     const Recordset stored = OpenQuery(program, Sql("SELECT * FROM TabExcelTable where TabName = ") + tabName + " ");
     if (stored.isEmpty()) {
         if (stored)
-            program.prompt.Inform(fileName + "  不存在！.");
+            program.prompt.InformFault(fileName + "  不存在！.");
         return false;
     }
     const auto* const content = std::get_if<QByteArray>(&stored.at(0, "TabInf"));

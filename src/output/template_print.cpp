@@ -185,6 +185,35 @@ void WriteLines(Sheet& page, const SheetRows& rows)
     page.DeleteRows(kPlaceholderRow + count, 1);
 }
 
+/// The decimals that the texts of a column share; unset where they differ or there are none.
+std::optional<int> SharedPlaces(const QStringList& texts)
+{
+    std::optional<int> places;
+    for (const QString& text : texts) {
+        const int own = text.contains('.') ? int(text.size() - text.indexOf('.')) - 1 : 0;
+        if (!text.isEmpty() && places.value_or(own) != own)
+            return {};
+        if (!text.isEmpty())
+            places = own;
+    }
+    return places;
+}
+
+/// Figures stand on paper as they stand in the bill.
+/// @param first  the column of the sheet that the first of the bill has gone into
+void ShowFigures(Sheet& page, const BillSheet& bill, int first)
+{
+    for (size_t column = 0; column < bill.isFigure.size(); ++column) {
+        QStringList texts;
+        for (const QStringList& line : bill.lines)
+            texts << line[qsizetype(column)].trimmed();
+        const std::optional<int> places = bill.isFigure[column] ? SharedPlaces(texts) : std::nullopt;
+        if (places)
+            page.ShowPlaces(kPlaceholderRow, first + int(column), int(texts.size()), *places,
+                            texts.join(' ').contains(','));
+    }
+}
+
 void FillCopy(SpreadsheetApplication& application, const BillSheet& bill, const GoodsBarcodes& barcodes,
               const WorkingCopy& copy, SheetGoal goal)
 {
@@ -196,6 +225,7 @@ void FillCopy(SpreadsheetApplication& application, const BillSheet& bill, const 
     page->FitCells(ReplaceTokens(*page, bill.tokens));
     const SheetRows rows = RowsOf(bill, style == Barcodes::None ? nullptr : &barcodes);
     WriteLines(*page, rows);
+    ShowFigures(*page, bill, style == Barcodes::None ? 1 : 2);
     // A font of the first column's own makes the bars itself.
     if (style == Barcodes::Bars && !page->HasOwnFont(kPlaceholderRow, 1))
         page->DrawBarcodes(kPlaceholderRow, 1, FirstTexts(rows));

@@ -88,8 +88,10 @@ TEST_F(BillPrintTest, TheWordsOfTheTemplates)
     bill.DTPDate = QDate(2022, 11, 5);
     const BillSheet sheet = SheetOf(test.program, bill, kWareManagePaper);
     QStringList tokens;
-    for (const BillToken& token : sheet.tokens)
-        tokens << token.word.mid(1) + "=" + token.value;
+    for (const BillToken& token : sheet.tokens) {
+        if (token.word.startsWith('?')) // not the cell that goes as a whole
+            tokens << token.word.mid(1) + "=" + token.value;
+    }
     EXPECT_EQ(tokens.join(' '),
               "单据名称=?单据名称 本单位名称=恒信 单据编号=" + bill.TxtBillCode +
                   " 单据日期=2022年11月05日 电脑日期=2023年02月08日 备注=备 附加说明=明 发货仓库=主仓 "

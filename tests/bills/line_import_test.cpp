@@ -99,7 +99,7 @@ TEST_F(LineImport, EveryKindTakesItsColumns)
         Open(c.operation);
         AddLine("B001");
         Put(c.rows);
-        EXPECT_EQ(Import(), "共导入" + QString::number(c.lines.size()) + " 条数据！");
+        EXPECT_EQ(Import().section('\n', 0, 0), "共导入" + QString::number(c.lines.size()) + " 条数据！");
         EXPECT_EQ(Lines(), c.lines);
         EXPECT_EQ(bill.LabTotalAmount + " " + bill.LabTotalMoney, c.totals);
         EXPECT_EQ(bill.MSH.Cell(bill.MSH.lastRow(), 1), "") << "a blank row follows";
@@ -123,11 +123,12 @@ TEST_F(LineImport, WhatIsLeftOutIsNamedAndWithoutAGoodTheLinesStay)
          none + "以下11行没有导入：\n" + QStringList(10, "第%1行：没有编号为“101”的商品\n").join("") + "……\n" + stays,
          {"A001"}},
         {{}, none + stays, {"A001"}},
+        {{{"B001", "a\nb"}}, "共导入1 条数据！\n第2行的文字中有换行，已改为空格。", {"B001"}},
         {{{}, {"A001"}}, none + "第2行没有商品编号，从这一行起没有导入。\n" + stays, {"A001"}},
     };
     for (auto [rows, said, lines] : cases) {
         OpenWithLine("同价调拨", {{"数量", "2"}});
-        rows.insert(rows.begin(), {"商品编号"});
+        rows.insert(rows.begin(), {"商品编号", "备注"});
         Put(rows);
         for (int row = 2; said.contains('%'); ++row)
             said.replace(said.indexOf("%1"), 2, QString::number(row));
@@ -140,7 +141,7 @@ TEST_F(LineImport, ANumberCanBeACode)
 {
     test.Insert("TabWare", {{"Code", "1001"}, {"Name", "垫片"}});
     Open("盘点报溢");
-    office.books["book.xls"] = {{"SHEET1", {{QString("商品编号"), QString("数量")}, {1001.0, 0.1}}}};
+    office.books["book.xls"] = {{"only", {{QString("商品编号"), QString("数量")}, {1001.0, 0.1}}}};
     EXPECT_EQ(Import(), "共导入1 条数据！");
     EXPECT_EQ(Lines(), QStringList("1001|垫片||||0.10|0.00|0.00"));
 }
@@ -149,8 +150,8 @@ TEST_F(LineImport, WhatCannotBeReadLeavesTheLines)
 {
     using Kind = SpreadsheetError::Kind;
     const QStringList good = {"商品编号"};
-    const QString noSheet = "文件“book.xls”中没有名称为“sheet1”的工作表，不能导入！";
-    const QString noTitle = "文件“book.xls”中没有“商品编号”列（工作表“sheet1”的第一行是表头），不能导入！";
+    const QString noSheet = "文件“book.xls”中没有名称为“sheet1”的工作表（只有“其他”、“工作表1”），不能导入！";
+    const QString noTitle = "文件“book.xls”中没有“商品编号”列（工作表的第一行是表头），不能导入！";
     const struct
     {
         const char* operation; // that fails

@@ -80,6 +80,8 @@ TEST_F(PrintedBill, ATransferOfTwoHundredLines)
     EXPECT_TRUE(text.contains("TDD202302080001"));
     EXPECT_TRUE(text.contains("2023年02月08日"));
     EXPECT_TRUE(text.contains("300.00")) << "added up";
+    EXPECT_GE(text.count("2.00"), 100) << "quantities as the bill shows them";
+    EXPECT_FALSE(text.contains("汇率")) << "there are no currencies";
     EXPECT_FALSE(text.contains('?')) << text.mid(text.indexOf('?') - 40, 80).toStdString();
 
     const int name = ColumnIndex(*bill.kind, QString("商品名称"));

@@ -54,6 +54,18 @@ struct OfficeImport : BillScreen
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
         return path;
     }
+    /// A workbook in the older format in which nothing but its outermost frame is left.
+    QByteArray Scrambled(const QByteArray& workbook)
+    {
+        const QString newer = Put("whole.xlsx", workbook), older = test.folder.filePath("whole.xls");
+        test.program.spreadsheet->Run([&](SpreadsheetApplication& office) { office.Open(newer)->SaveAs(older); });
+        QFile file(older);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        QByteArray content = file.readAll();
+        for (qsizetype at = 1024; at < 3000; ++at)
+            content[at] = char(content[at] ^ 0x5a);
+        return content;
+    }
     QString Import(const QString& path)
     {
         return ExcelInBill(test.program, bill, path, [](int, int) { return true; });
@@ -76,7 +88,7 @@ TEST_F(OfficeImport, WorkbooksAsTheyAreFound)
 {
     const QStringList lines = {"001|1,234.50||007|2023-01-05|2023-02-01|6901234567890|2", "1001|0.10|||2023-01-05|||ab",
                                "B001|1.00||||||"};
-    const QString newer = Put("book.xlsx", XlsxOf("SHEET1", kSheet, kStrings, kFormats));
+    const QString newer = Put("book.xlsx", XlsxOf("an only sheet", kSheet, kStrings, kFormats));
     EXPECT_EQ(Import(newer), kThree);
     EXPECT_EQ(Lines(), lines);
 
@@ -93,7 +105,7 @@ TEST_F(OfficeImport, WhatIsNoSheetOfLinesIsRefusedAndTheLinesStay)
     const std::pair<const char*, QByteArray> files[] = {
         {"rubbish.xls", "\xd0\xcf\x11\xe0" + workbook},
         {"cut.xlsx", workbook.left(workbook.size() / 2)},
-        {"other.xlsx", XlsxOf("工作表1", kSheet, kStrings, kFormats)},
+        {"scrambled.xls", Scrambled(workbook)},
         {"untitled.xlsx", XlsxOf("sheet1", "<sheetData/>", kStrings, kFormats)},
     };
     const QStringList before = Lines();

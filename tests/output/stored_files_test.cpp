@@ -41,6 +41,7 @@ TEST(StoredFiles, WhatFails)
     kept.write("kept");
     kept.close();
     EXPECT_FALSE(SaveTableFileToDisk(test.program, path, "none.xls"));
+    EXPECT_EQ(test.prompt.boxes.back().kind, "fault") << "its title is 错误";
     EXPECT_EQ(test.Boxes(), path + "  不存在！.");
     EXPECT_EQ(ReadAll(path), "kept");
 

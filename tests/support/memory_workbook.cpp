@@ -81,6 +81,11 @@ public:
         sheet.barcodes = QStringList(row - 1) + texts;
     }
 
+    void ShowPlaces(int, int column, int, int places, bool) override
+    {
+        m_host.Enter("ShowPlaces");
+        sheet.places[column] = places;
+    }
     void KeepAsTexts(int column, int columns) override
     {
         m_host.Enter("KeepAsTexts");

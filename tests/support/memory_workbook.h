@@ -15,6 +15,7 @@ struct MemorySheet
     SheetRows rows; // row 1 is rows[0]; rows may be of different lengths
     bool hasOwnFonts = false;
     QStringList barcodes = {};      // as drawn, from row 1 on
+    std::map<int, int> places = {}; // decimals that the numbers of a column show
     std::set<int> textColumns = {}; // that keep what is typed as a text
 
     /// The text as Sheet::Read gives it, empty outside. Counted from 1.

@@ -23,6 +23,7 @@ public:
 
     void Inform(const QString& text) override { boxes.push_back({"inform", text}); }
     void InformOrCancel(const QString& text) override { boxes.push_back({"cancel", text}); }
+    void InformFault(const QString& text) override { boxes.push_back({"fault", text}); }
     void Warn(const QString& text) override { boxes.push_back({"warn", text}); }
     bool Ask(const QString& text) override;
     Choice Choose(const QString& text, const QString& first, const QString& second) override;
