@@ -71,6 +71,10 @@ QWidget* frmCode::BuildTree()
     m_tree->setStyleSheet("QTreeView::item { padding: 3px 0 }");
     m_tree->installEventFilter(this);
     connect(m_tree->selectionModel(), &QItemSelectionModel::currentChanged, this, &frmCode::ShowNode);
+    connect(m_tree, &QTreeView::clicked, this, [this](const QModelIndex& node) {
+        if (m_filtered) // on the node that stood there all along
+            ShowNode(node);
+    });
     return m_tree;
 }
 
@@ -149,6 +153,7 @@ void frmCode::ShowNode(const QModelIndex& node)
 {
     for (QLineEdit* const box : m_filters)
         box->clear();
+    m_filtered = false;
     ShowRows(RowsOfNode(m_list, m_types.CodeOf(node)));
 }
 
@@ -182,6 +187,7 @@ void frmCode::Filter(ListFilter filter, const QString& text)
             box->clear();
     const QSignalBlocker silent(m_tree->selectionModel());
     m_tree->setCurrentIndex(m_types.top());
+    m_filtered = true;
     ShowRows(RowsFiltered(m_list, filter, text));
 }
 
@@ -203,6 +209,7 @@ void frmCode::GoToList()
         m_table->selectRow(0);
 }
 
+/// Tree and list anew, without a filter.
 void frmCode::Refresh()
 {
     const QString node = m_types.CodeOf(m_tree->currentIndex());
@@ -210,7 +217,10 @@ void frmCode::Refresh()
     m_types.Show(OpenQuery(m_program, TreeOf(m_list)));
     m_tree->expandToDepth(0);
     m_tree->setCurrentIndex(m_types.Find(node));
-    ShowRows(Sql(m_shown));
+    if (m_filtered)
+        ShowNode(m_tree->currentIndex());
+    else
+        ShowRows(Sql(m_shown));
 }
 
 /// A text that leaves one row, or that is a code, has chosen it; otherwise the list is where to choose.
@@ -237,8 +247,8 @@ bool frmCode::KeyInList(int key)
         Choose(current.isValid() ? m_rows.Text(current.row(), 1) : QString());
         return true;
     }
-    if (m_rows.size() > 0 && (key == Qt::Key_Home || key == Qt::Key_End)) { // of the list, not of the row
-        m_table->setCurrentIndex(m_rows.index(key == Qt::Key_Home ? 0 : m_rows.size() - 1, 0));
+    if (const auto row = m_rows.EndRow(key)) {
+        m_table->setCurrentIndex(m_rows.index(*row, 0));
         return true;
     }
     if (key == Qt::Key_Up && current.row() <= 0) {

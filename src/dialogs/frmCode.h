@@ -51,7 +51,8 @@ private:
 
     Program& m_program;
     const PickerList& m_list;
-    Sql m_shown; // the statement of the list
+    Sql m_shown;             // the statement of the list
+    bool m_filtered = false; // by a box, not by a node
     CodeTree m_types;
     LazyRows m_rows;
     QTreeView* m_tree = nullptr;

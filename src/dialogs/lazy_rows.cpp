@@ -68,6 +68,15 @@ QString LazyRows::Text(int row, int column) const
     return TextOf(m_pages[row / kPageRows].at(row % kPageRows, column - 1));
 }
 
+std::optional<int> LazyRows::EndRow(int key)
+{
+    if (m_size == 0 || (key != Qt::Key_Home && key != Qt::Key_End))
+        return {};
+    while (key == Qt::Key_End && canFetchMore())
+        fetchMore();
+    return key == Qt::Key_Home ? 0 : m_size - 1;
+}
+
 int LazyRows::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : m_size;

@@ -7,6 +7,7 @@
 
 #include <QAbstractTableModel>
 #include <QStringList>
+#include <optional>
 #include <vector>
 
 /// How a list is ordered: by Code, which is unique in the table, or by one more column before it.
@@ -30,6 +31,9 @@ public:
     /// The text of a cell, by the position of its caption.
     QString Text(int row, int column) const;
     int size() const { return m_size; }
+    /// The row that the keys Home and End lead to, End fetching all that is left; unset for any other key and without
+    /// rows.
+    std::optional<int> EndRow(int key);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
