@@ -1,6 +1,7 @@
 #include "base/currency.h"
 
 #include "base/decimal_digits.h"
+#include "base/number_text.h"
 
 #include <cmath>
 #include <limits>
@@ -41,7 +42,7 @@ Currency Currency::FromDouble(double value)
 
 bool Currency::IsMoney(double value)
 {
-    return TenThousandths(value).has_value();
+    return IsExact(value, kPlaces);
 }
 
 QString Currency::text() const

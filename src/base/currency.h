@@ -16,7 +16,8 @@ public:
     /// The nearest ten-thousandth, half away from zero. A value beyond the range of money becomes its limit;
     /// IsMoney tells beforehand whether it is one.
     static Currency FromDouble(double value);
-    /// Whether `value` fits into money at all (about 922 million million either way; no NaN, no infinity).
+    /// Whether money holds `value` to its last ten-thousandth. The count itself reaches 922 million million, but what
+    /// comes from a cell or a row was a double before, which keeps four decimals below a hundred thousand million.
     static bool IsMoney(double value);
 
     constexpr qint64 units() const { return m_units; }

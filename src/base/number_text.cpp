@@ -127,6 +127,13 @@ double RoundToPlaces(double value, int places)
     return rounded;
 }
 
+bool IsExact(double value, int places)
+{
+    constexpr int kDigits = std::numeric_limits<double>::digits10;
+    constexpr int kMostCounted = 8; // more places than that are written, but nobody counts with them
+    return std::isfinite(value) && std::abs(value) < std::pow(10.0, kDigits - std::clamp(places, 0, kMostCounted));
+}
+
 QString CleanNumberText(QString text)
 {
     return text.remove(u',').remove(u'。').remove(u'￥');

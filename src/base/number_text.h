@@ -24,6 +24,10 @@ QString PlainNumberText(double value);
 /// What formatting at this many places makes of a value.
 double RoundToPlaces(double value, int places);
 
+/// Whether a double of this size keeps every figure to so many places: it has 15 digits for all of them. No NaN, no
+/// infinity.
+bool IsExact(double value, int places);
+
 /// A number made ready for reading: without ",", "。" and "￥".
 QString CleanNumberText(QString text);
 

@@ -103,6 +103,11 @@ double RoundByDigits(double value, int digits)
     return digits == Plain ? Val(PlainNumberText(value)) : RoundToPlaces(value, PlacesOfCode(digits));
 }
 
+bool IsExactByDigits(double value, int digits)
+{
+    return IsExact(value, digits == Plain ? 0 : PlacesOfCode(digits));
+}
+
 QString FormatByType(Program& program, const Value& value, const QString& typeName)
 {
     if (IsBlankValue(value))

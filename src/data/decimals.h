@@ -13,6 +13,8 @@ void LoadDecimalPlaces(Program& program);
 QString FormatByDigits(const Value& value, int digits);
 /// The number that FormatByDigits shows.
 double RoundByDigits(double value, int digits);
+/// Whether a figure is kept exactly with the places that FormatByDigits shows.
+bool IsExactByDigits(double value, int digits);
 /// Formats by a kind word: 日期型, or the places of the kind's row in TabDotSet.
 QString FormatByType(Program& program, const Value& value, const QString& typeName);
 /// Places code of 数值型, 单价型, 金额型 or 货币型; 4, 4, 2, 2 where TabDotSet has no row. Any other word counts as

@@ -10,9 +10,9 @@ struct TypeWord
 };
 
 constexpr TypeWord kTypeWords[] = {
-    {"", ColumnType::Text},         {"long", ColumnType::LongText}, {"day", ColumnType::Day},
-    {"moment", ColumnType::Moment}, {"number", ColumnType::Number}, {"money", ColumnType::Money},
-    {"int", ColumnType::Integer},   {"blob", ColumnType::Blob},
+    {"", ColumnType::Text},         {"day", ColumnType::Day},     {"moment", ColumnType::Moment},
+    {"number", ColumnType::Number}, {"money", ColumnType::Money}, {"int", ColumnType::Integer},
+    {"blob", ColumnType::Blob},
 };
 
 ColumnType TypeOfWord(const QString& word)

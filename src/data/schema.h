@@ -9,8 +9,7 @@
 
 enum class ColumnType
 {
-    Text,
-    LongText,
+    Text, // as long as its name says, TextLimit
     Day,
     Moment,
     Number,

@@ -122,8 +122,8 @@ inline constexpr SchemaTableText kSchemaTables[] = {
      "RecordAccountant BillType State SumDebtor:number SumLender:number JXCBillCode "
      "WarrantNum2:int AffixNum2:int WarrantNum3:int AffixNum3:int @books Type ZG ZD IsLoss:int"},
     {"TabWarrantInf", "",
-     "Num:int Datee:day DateeY DateeM BillCode Summary:long AccountantCode AccountantName "
-     "AccountantPath:long Debtor:money Lender:money State WarrantNum1:int WarrantNum2:int "
+     "Num:int Datee:day DateeY DateeM BillCode Summary AccountantCode AccountantName "
+     "AccountantPath Debtor:money Lender:money State WarrantNum1:int WarrantNum2:int "
      "WarrantNum3:int @books Type WLHS BMHS GRHS Reserve1:number Reserve2:number ZDYHS "
      "MoneyName MoneyRate:number"},
     {"TabWriteAccountant", "", "DateeY DateeM State"},

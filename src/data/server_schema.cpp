@@ -2,9 +2,10 @@
 
 #include "data/schema.h"
 #include "data/schema_indexes.h"
+#include "data/text_limits.h"
 
 namespace {
-/// The type of a column on a server; %1 is its name.
+/// The type of a column on a server; %1 is its name, %2 the length of its longest text.
 struct ServerType
 {
     ColumnType type;
@@ -16,8 +17,7 @@ struct ServerType
 // C locale. A collation of ICU that ignores case would sort signs elsewhere, knows no `like` and compares slower.
 // A day has the type of a moment: compared with a date, a moment would lose its time of day.
 constexpr ServerType kServerTypes[] = {
-    {ColumnType::Text, "citext collate \"C\"", "nvarchar(255)"},
-    {ColumnType::LongText, "citext collate \"C\"", "nvarchar(max)"},
+    {ColumnType::Text, "citext collate \"C\" check(length(%1)<=%2)", "nvarchar(%2)"},
     {ColumnType::Day, "timestamp(3) check(%1=date_trunc('day',%1))", "datetime"},
     {ColumnType::Moment, "timestamp(3)", "datetime"},
     {ColumnType::Number, "double precision", "float"},
@@ -26,16 +26,22 @@ constexpr ServerType kServerTypes[] = {
     {ColumnType::Blob, "bytea", "varbinary(max)"},
 };
 
+constexpr ServerType kTextWithoutLimit = {ColumnType::Text, "citext collate \"C\"", "nvarchar(max)"};
+
 // By pinyin, without regard to case and width, as Chinese_PRC_CI_AS does it, which gives no weight to the characters
 // added since: two texts that differ in those alone would be one to it.
 constexpr const char* kSqlServerCollation = "Chinese_Simplified_Pinyin_100_CI_AS_SC";
 
 QString TypeOf(const SchemaColumn& column, ServerKind server)
 {
+    const int limit = column.type == ColumnType::Text ? TextLimit(column.name) : 0;
+    if (column.type == ColumnType::Text && limit == 0)
+        return server == ServerKind::PostgreSql ? kTextWithoutLimit.postgres : kTextWithoutLimit.sqlServer;
     for (const ServerType& type : kServerTypes)
         if (type.type == column.type)
             return QString(server == ServerKind::PostgreSql ? type.postgres : type.sqlServer)
-                .replace("%1", column.name);
+                .replace("%1", column.name)
+                .replace("%2", QString::number(limit));
     Q_UNREACHABLE();
 }
 

@@ -1,5 +1,6 @@
 #include "data/schema.h"
 #include "data/schema_indexes.h"
+#include "data/text_limits.h"
 
 namespace {
 /// The column with its affinity, and what keeps a value of another form out of it.
@@ -8,10 +9,12 @@ QString ColumnDefinition(const SchemaColumn& column)
     static const QString day = "[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]";
     static const QString time = " [0-9][0-9]:[0-9][0-9]:[0-9][0-9]";
     switch (column.type) {
-    case ColumnType::Text:
-    case ColumnType::LongText:
+    case ColumnType::Text: {
         // Codes and names compare without regard to ASCII case.
-        return QString("%1 text collate nocase").arg(column.name);
+        const int limit = TextLimit(column.name);
+        const QString check = limit > 0 ? QString(" check(length(%1)<=%2)").arg(column.name).arg(limit) : QString();
+        return QString("%1 text collate nocase").arg(column.name) + check;
+    }
     case ColumnType::Day:
         return QString("%1 text check(%1 glob '%2')").arg(column.name, day);
     case ColumnType::Moment:

@@ -1,6 +1,7 @@
 #include "database/sql.h"
 
 #include "base/number_text.h"
+#include "base/whole_text.h"
 
 namespace {
 bool IsIdentifier(const QString& word)
@@ -56,6 +57,8 @@ Sql& Sql::operator+=(const Sql& piece)
 
 Sql& Sql::operator+=(Value value)
 {
+    if (auto* const text = std::get_if<QString>(&value))
+        *text = WholeText(std::move(*text));
     m_shape += '?';
     m_values.push_back(std::move(value));
     return *this;

@@ -27,6 +27,7 @@ public:
     Sql& operator+=(const Name& name);
     /// Another piece of a statement, words and values.
     Sql& operator+=(const Sql& piece);
+    /// A value; the one place where a text becomes one, and is made whole for that.
     Sql& operator+=(Value value);
     Sql& operator+=(const QString& text) { return *this += Value(text); }
     Sql& operator+=(double number) { return *this += Value(number); }

@@ -67,6 +67,10 @@ TEST(Schema, AFormThatWouldNotCompareIsRefused)
         {"Cost", "12.5", true},
         {"Cost", "|x", false},
         {"SCDate", "明年", true},
+        {"Code", QString(50, u'字'), true},
+        {"Code", QString(51, u'字'), false},
+        {"WareName", QString(256, u'字'), false},
+        {"Custom3", QString(5000, u'字'), true},
     };
     for (const auto& [column, texts, accepted] : cases)
         for (const QString& text : texts.split('|'))

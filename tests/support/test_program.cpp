@@ -47,7 +47,6 @@ Value EmptyValueOf(ColumnType type)
 {
     switch (type) {
     case ColumnType::Text:
-    case ColumnType::LongText:
         return QString("");
     case ColumnType::Day:
     case ColumnType::Moment:

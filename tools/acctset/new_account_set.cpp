@@ -40,7 +40,6 @@ Value EmptyValue(ColumnType type)
 {
     switch (type) {
     case ColumnType::Text:
-    case ColumnType::LongText:
         return QString("");
     case ColumnType::Day:
         return kNoDate;
