@@ -46,7 +46,7 @@ void Paint()
 void AddLines(Program& program, BillText& bill, int lines)
 {
     for (int line = 0; line < lines; ++line)
-        PosInBill(program, bill, TheDesk().Code(line), 1);
+        PosInBill(program, bill, TheDesk().Code(line), 1, 0);
 }
 
 BillText NewOverflow(Program& program)
@@ -143,7 +143,7 @@ void ScanBecomesALine(State& state)
         const QString code = TheDesk().Code(next++ % kLongBill);
         state.ResumeTiming();
         benchmark::DoNotOptimize(PosInPrice(program, bill, code));
-        PosInBill(program, bill, code, 1);
+        PosInBill(program, bill, code, 1, 0);
     }
 }
 

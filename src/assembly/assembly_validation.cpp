@@ -1,6 +1,8 @@
 #include "assembly/assembly_validation.h"
 
 #include "assembly/allocation.h"
+#include "assembly/piece_head.h"
+#include "bills/entry_limits.h"
 #include "bills/line_totals.h"
 #include "bills/only_code.h"
 #include "bills/validation.h"
@@ -66,6 +68,31 @@ bool CheckProvidedDay(Program& program, const QString& text, const QString& word
                                "请输入完整的日期格式（YYYY-MM-DD）后再保存！");
 }
 
+/// Name and code must be of one good: the one whose code came with the name, or the only one of a name that was typed.
+bool CheckProduct(Program& program, GroupPieceText& bill)
+{
+    ChooseTypedProduct(program, bill);
+    const QString code = bill.TxtWareCode.trimmed();
+    const Recordset good = OpenQuery(program, Sql("select Code,Name from TabWare where Code=") + code + " ");
+    if (!good)
+        return false;
+    if (code.isEmpty() || good.isEmpty())
+        return Refuse(program, "商品名称不存在，请重新选择！");
+    bill.TxtWareCode = good.Text("Code");
+    bill.TxtWareName = good.Text("Name");
+    return true;
+}
+
+bool CheckHeadLimits(Program& program, GroupPieceText& bill)
+{
+    for (const PieceField& field : PieceFields()) {
+        const QString fault = FaultOfBox(program, field.control, bill.*field.text);
+        if (!fault.isEmpty())
+            return Refuse(program, fault);
+    }
+    return true;
+}
+
 /// Figures that money cannot hold would be stored as something else.
 bool CheckHeadMoney(Program& program, const GroupPieceText& bill)
 {
@@ -116,12 +143,14 @@ bool CheckPieceHead(Program& program, GroupPieceText& bill)
     const PieceMode& mode = ModeOf(bill);
     if (bill.TxtWareName.trimmed().isEmpty())
         return Refuse(program, mode.LabWareName + "不能为空！");
-    return CellNumber(bill.TxtAmount) != 0 || Refuse(program, mode.LabAmount + "不能为空！");
+    if (CellNumber(bill.TxtAmount) == 0)
+        return Refuse(program, mode.LabAmount + "不能为空！");
+    return CheckProduct(program, bill);
 }
 
 bool CheckBillLines(Program& program, GroupPieceText& bill)
 {
-    return CheckProvidedDay(program, bill.TxtSCDate, "生产日期") &&
+    return CheckHeadLimits(program, bill) && CheckProvidedDay(program, bill.TxtSCDate, "生产日期") &&
            CheckProvidedDay(program, bill.TxtYXDate, "有效日期") && CheckProductOnlyCode(program, bill) &&
            CheckBillLines(program, bill, LineOnlyCode);
 }

@@ -173,6 +173,10 @@ bool frmGroupPiece::PickFor(const QString& control)
 
 void frmGroupPiece::EnterProduct()
 {
+    if (!m_piece.TxtWareCode.trimmed().isEmpty()) { // nothing typed since it was chosen
+        focusNextChild();
+        return;
+    }
     const bool isTyped = !m_piece.TxtWareName.trimmed().isEmpty();
     const auto picker = LookUpProduct(m_program, m_piece);
     ShowBill();
@@ -239,6 +243,11 @@ bool frmGroupPiece::eventFilter(QObject* watched, QEvent* event)
             HeadFocusGained(m_piece, control);
         else
             HeadFocusLost(m_program, m_piece, control);
+        ShowBill();
+    }
+    if (event->type() == QEvent::FocusOut && control == u"TxtWareName" && m_piece.entryEnabled &&
+        !LeavesWindow(*static_cast<QFocusEvent*>(event))) {
+        ChooseTypedProduct(m_program, m_piece);
         ShowBill();
     }
     if (event->type() == QEvent::KeyPress && IsHeadFigure(control) &&

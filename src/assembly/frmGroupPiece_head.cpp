@@ -146,6 +146,11 @@ QWidget* frmGroupPiece::MakeEditor(const char* control)
         return MakeHeadBox(control);
     // The code comes with the good and is never typed.
     QLineEdit* const box = MakeBox(control, m_piece.*own->text, own->typed && name != QLatin1String("TxtWareCode"));
+    if (name == QLatin1String("TxtWareName"))
+        connect(box, &QLineEdit::textEdited, this, [this] {
+            ForgetProduct(m_piece);
+            ShowBill();
+        });
     if (IsHeadFigure(name))
         connect(box, &QLineEdit::textEdited, this, [this, name = QString(name)] {
             HeadTextChanged(m_program, m_piece, name);

@@ -26,7 +26,7 @@ frmReadGroupPieceQuery::frmReadGroupPieceQuery(Program& program, GroupPieceText&
       m_program(program),
       m_bill(bill),
       m_list(std::move(list)),
-      m_grid(new GridView(m_list.MSH, this)),
+      m_grid(new GridView(m_list.MSH, this, GridRows::List)),
       m_billCode(new QLineEdit),
       m_from(new DateBox("TxtDateeFrom", DateBox::Blank::Allowed)),
       m_to(new DateBox("TxtDateeTo", DateBox::Blank::Allowed))
@@ -171,6 +171,13 @@ void frmReadGroupPieceQuery::DeleteFormat()
         return;
     LayOutListAgain(m_program, m_list);
     m_grid->Sync();
+}
+
+bool frmReadGroupPieceQuery::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowBlocked) // a box stands before the list: what it speaks of is to be seen
+        m_grid->Sync();
+    return QDialog::event(event);
 }
 
 bool frmReadGroupPieceQuery::eventFilter(QObject* watched, QEvent* event)

@@ -20,6 +20,7 @@ public:
     frmReadGroupPieceQuery(Program& program, GroupPieceText& bill, AssemblyList list, QWidget* parent);
 
 protected:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

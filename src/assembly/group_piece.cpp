@@ -5,7 +5,7 @@
 #include "bills/line_columns.h"
 #include "data/decimals.h"
 #include "data/lookups.h"
-#include "database/recordset.h"
+#include "handover/open_query.h"
 
 #include <algorithm>
 
@@ -121,6 +121,13 @@ void GroupPieceText::ClearOwn()
     unitChoices.clear();
 }
 
+void GroupPieceText::OfferUnits(const Recordset& good)
+{
+    unitChoices = {TxtUnite, good.Text("Unite"), good.Text("SecondUnite")};
+    unitChoices.removeAll(QString());
+    unitChoices.removeDuplicates();
+}
+
 void GroupPieceText::ShowProduct(Program& program, const Recordset& head)
 {
     TxtWareCode = head.Text("WareCode");
@@ -128,7 +135,7 @@ void GroupPieceText::ShowProduct(Program& program, const Recordset& head)
     TxtWareSpec = head.Text("WareSpec");
     TxtWareAttribute = AttributeCell(program, head.Text("AttributeCode"));
     TxtUnite = head.Text("Unite");
-    unitChoices = {TxtUnite};
+    OfferUnits(OpenQuery(program, Sql("select Unite,SecondUnite from TabWare where Code=") + TxtWareCode + " "));
     TxtAmount = head.Text("Amount");
     const DotType& places = program.gDot;
     TxtCost = FormatByDigits(head.at(0, "Cost"), places.Price_DotLen);

@@ -31,6 +31,8 @@ struct GroupPieceText : BillText
 
     /// The product of a stored head with its quantity and money, without its batch data.
     void ShowProduct(Program& program, const Recordset& head);
+    /// Main and second unit of the product, beside the one that it stands in.
+    void OfferUnits(const Recordset& good);
 
     bool TakesKind(const BillKind& shown) const override { return shown.lines == LineShape::Pieces; }
     std::vector<HeadField> OwnFields() const override;

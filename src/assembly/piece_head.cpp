@@ -113,6 +113,27 @@ std::optional<PickerNeeded> LookUpProduct(Program& program, GroupPieceText& bill
     return picker;
 }
 
+void ForgetProduct(GroupPieceText& bill)
+{
+    bill.TxtWareCode.clear();
+}
+
+void ChooseTypedProduct(Program& program, GroupPieceText& bill)
+{
+    const QString name = bill.TxtWareName.trimmed();
+    if (name.isEmpty() || !bill.TxtWareCode.trimmed().isEmpty())
+        return;
+    const Sql query = Sql("select * from TabWare where Name=") + name + " ";
+    if (OpenQuery(program, query).size() != 1)
+        return;
+    const QString amount = bill.TxtAmount;
+    FillTxtWareName(program, bill, query);
+    if (CellNumber(amount) == 0)
+        return;
+    bill.TxtAmount = amount; // typed for this product
+    RecalcHeadTotals(program, bill);
+}
+
 std::optional<PickerNeeded> ProductPicker(Program& program, const GroupPieceText& bill)
 {
     if (bill.TxtWarehouseNameF.trimmed().isEmpty()) {
@@ -142,8 +163,7 @@ void FillTxtWareName(Program& program, GroupPieceText& bill, const Sql& query)
     bill.TxtWareName = good.Text("Name");
     bill.TxtWareSpec = good.Text("Spec");
     bill.TxtUnite = good.Text("Unite");
-    bill.unitChoices = {bill.TxtUnite, good.Text("SecondUnite")};
-    bill.unitChoices.removeAll(QString());
+    bill.OfferUnits(good);
     bill.TxtAmount = "1";
     if (!ModeOf(bill).assembles)
         bill.TxtCost = FormatByDigits(ProductCost(program, bill).value_or(0), program.gDot.Price_DotLen);

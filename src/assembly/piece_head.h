@@ -24,6 +24,10 @@ void HeadFocusLost(Program& program, GroupPieceText& bill, const QString& contro
 /// Enter in TxtWareName: the first good whose code or name begins with the text. Without one the box is emptied and
 /// the picker is needed, as by ProductPicker. Unset also for an empty box.
 std::optional<PickerNeeded> LookUpProduct(Program& program, GroupPieceText& bill);
+/// TxtWareName has been typed into: it is no longer the good whose code stands beside it.
+void ForgetProduct(GroupPieceText& bill);
+/// A product whose whole name has been typed is chosen without Enter; of two with one name, none.
+void ChooseTypedProduct(Program& program, GroupPieceText& bill);
 /// ImgWare: unset while the source warehouse is missing, which has been said.
 std::optional<PickerNeeded> ProductPicker(Program& program, const GroupPieceText& bill);
 /// A good chosen from the picker.

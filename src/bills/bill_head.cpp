@@ -3,6 +3,7 @@
 #include "bills/bill_widgets.h"
 #include "bills/bill_window.h"
 #include "bills/date_box.h"
+#include "bills/entry_limits.h"
 #include "bills/grid_view.h"
 #include "bills/lifecycle.h"
 #include "bills/paste.h"
@@ -18,14 +19,20 @@ QLineEdit* BillWindow::MakeBox(const char* control, QString& text, bool isTyped)
 {
     auto* const box = new QLineEdit;
     box->setObjectName(control);
+    box->setMaxLength(kNoLimit);
     box->installEventFilter(this);
     Bind(box, text);
     if (isTyped)
         connect(box, &QLineEdit::textEdited, this, [this, box, &text](const QString& typed) {
-            text = OneLine(typed); // of a text pasted from elsewhere
+            const QString line = OneLine(typed); // of a text pasted from elsewhere
+            const QString fault = FaultOfBox(m_program, box->objectName(), line);
+            if (fault.isEmpty())
+                text = line;
             if (text != typed)
                 box->setText(text);
             ShowTitle();
+            if (!fault.isEmpty())
+                m_program.prompt.Inform(fault);
         });
     else
         box->setEnabled(false);
@@ -89,6 +96,10 @@ void BillWindow::PickForHead(const HeadPicker& field, const PickerNeeded& picker
 
 void BillWindow::EnterInHead(const QString& control)
 {
+    if (IsChosen(m_bill, control)) {
+        focusNextChild();
+        return;
+    }
     const HeadPicker* const field = FindHeadPicker(control);
     const auto picker = field ? field->lookUp(m_program, m_bill) : std::nullopt;
     ShowBill();

@@ -11,6 +11,7 @@
 #include <QScreen>
 #include <QStyle>
 #include <QToolButton>
+#include <QWheelEvent>
 #include <algorithm>
 
 namespace {
@@ -27,6 +28,22 @@ struct StampColour
 };
 constexpr StampColour kStampColours[] = {{"作废", 0xffc6362f}, {"已审核", 0xff168a4a}};
 constexpr QRgb kPlainStamp = 0xff8a93a0;
+
+/// Takes the wheel only while it has the focus, which the wheel does not give it: scrolling changes nothing.
+class Choice : public QComboBox
+{
+public:
+    Choice() { setFocusPolicy(Qt::StrongFocus); }
+
+protected:
+    void wheelEvent(QWheelEvent* event) override
+    {
+        if (hasFocus())
+            QComboBox::wheelEvent(event);
+        else
+            event->ignore();
+    }
+};
 
 QColor ColourOf(const QString& word)
 {
@@ -48,7 +65,7 @@ QLabel* NewLabel(const char* name, const QString& text)
 
 QComboBox* NewChoice(const char* name)
 {
-    auto* const choice = new QComboBox;
+    auto* const choice = new Choice;
     choice->setObjectName(name);
     QPalette colours = choice->palette();
     colours.setColor(QPalette::Disabled, QPalette::ButtonText, colours.color(QPalette::Disabled, QPalette::Text));

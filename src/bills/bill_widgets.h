@@ -10,9 +10,13 @@ class QComboBox;
 class QFocusEvent;
 class QToolButton;
 
+/// Of a box whose limit the rules know: the widget's own would cut a pasted text off without a word.
+constexpr int kNoLimit = 0x7fffffff;
+
 /// A label with a name.
 QLabel* NewLabel(const char* name, const QString& text);
-/// A list to choose from, which reads as well while it is locked.
+/// A list to choose from, which reads as well while it is locked, and which the wheel leaves alone unless it has the
+/// focus.
 QComboBox* NewChoice(const char* name);
 /// A caption and its editor side by side. With the name of a button, one to pick from stands behind the editor.
 QWidget* MakeCell(QLabel* caption, QWidget* editor, const char* buttonName = nullptr);

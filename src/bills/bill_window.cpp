@@ -32,6 +32,7 @@ namespace {
 constexpr int kMargin = 10;
 constexpr int kLeastFixedColumns = 3;
 constexpr int kLeastGridHeight = 9; // lines of text; on a lower screen the window scrolls
+constexpr int kShownWidth = 1500; // twips of a column that was hidden
 
 void ShowText(QWidget* widget, const QString& text)
 {
@@ -345,8 +346,19 @@ bool BillWindow::SaveBill()
     if (isBlank)
         FocusFirstField();
     else if (!posting.stored && (m_bill.MSH.currentRow != row || m_bill.MSH.currentColumn != column))
-        m_editors->ShowCellEditor();
+        ShowCellAtFault();
     return posting.stored;
+}
+
+/// Opens the editor on it; in a hidden column, after that has come into sight.
+void BillWindow::ShowCellAtFault()
+{
+    LineGrid::Column& column = m_bill.MSH.column(m_bill.MSH.currentColumn);
+    if (column.width <= 0 && EditorOfCell(m_bill) != CellEditor::None) {
+        column.width = kShownWidth;
+        ShowBill();
+    }
+    m_editors->ShowCellEditor();
 }
 
 void BillWindow::ShowKeys()

@@ -117,6 +117,7 @@ private:
     /// True when the bill was stored.
     bool SaveBill();
     bool SaveAndStay();
+    void ShowCellAtFault();
     void KeepDraft();
     void ShowDay();
     void OpenImport();

@@ -29,10 +29,11 @@ void BillWindow::Scan()
             const std::optional<double> price = PosInPrice(m_program, m_bill, code);
             return price ? NumberText(*price) : QString();
         },
-        [this](const QString& code, double amount, double) {
-            PosInBill(m_program, m_bill, code, amount);
+        [this](const QString& code, double amount, double price) {
+            const bool isIn = PosInBill(m_program, m_bill, code, amount, price);
             m_bill.MSH.currentRow = std::max(1, m_bill.MSH.lastRow() - 1); // in sight behind the window
             ShowBill();
+            return isIn;
         },
     };
     frmBillPos::Open(m_program, scanned, this);

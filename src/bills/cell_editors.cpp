@@ -1,5 +1,6 @@
 #include "bills/cell_editors.h"
 
+#include "bills/bill_widgets.h"
 #include "bills/drop_list.h"
 #include "bills/grid_view.h"
 #include "bills/paste.h"
@@ -61,12 +62,17 @@ CellEditors::CellEditors(Program& program, BillText& bill, GridView& grid, QWidg
         m_text->setFocus();
         QApplication::sendEvent(m_text, key);
     });
+    connect(m_dropList, &DropList::ClickedAway, this, [this] {
+        if (!m_text->hasFocus())
+            Hide();
+    });
 }
 
 void CellEditors::MakeTextEditor()
 {
     m_text->setObjectName("Text2");
     m_text->setFrame(false);
+    m_text->setMaxLength(kNoLimit); // what a cell holds is asked at every change; nothing is cut off unseen
     m_text->hide();
     Tint(*m_text);
     m_text->installEventFilter(this);
@@ -98,6 +104,8 @@ void CellEditors::Hide()
 void CellEditors::ShowCellEditor()
 {
     Hide();
+    if (m_grid.isColumnHidden(m_bill.MSH.currentColumn - 1)) // nobody would see what is typed into it
+        return;
     switch (EditorOfCell(m_bill)) {
     case CellEditor::None:
         return;
@@ -114,7 +122,8 @@ void CellEditors::ShowCellEditor()
 void CellEditors::ShowTextEditor()
 {
     m_grid.scrollTo(m_grid.currentIndex());
-    m_text->setText(EditorText(m_bill));
+    m_opened = m_typed = EditorText(m_bill);
+    m_text->setText(m_opened);
     m_text->setAlignment(m_grid.currentIndex().data(Qt::TextAlignmentRole).value<Qt::Alignment>());
     m_text->setGeometry(EditorRect());
     m_text->show();
@@ -175,7 +184,11 @@ void CellEditors::Type(const QString& typed)
     if (text != typed)
         m_text->setText(text);
     m_dropList->hide();
-    TypeInCell(m_program, m_bill, text);
+    if (!TypeInCell(m_program, m_bill, text)) {
+        m_text->setText(m_typed);
+        return;
+    }
+    m_typed = text;
     emit Changed();
     if (IsGoodsColumn(m_bill))
         m_dropList->ShowUnder(*m_text, DropListQuery(text));
@@ -219,6 +232,8 @@ void CellEditors::StepToColumn(int step)
 void CellEditors::EnterText()
 {
     const bool isGoods = IsGoodsColumn(m_bill);
+    if (isGoods && m_text->text() == m_opened && HoldsGood(m_program, m_bill))
+        return Move(1, 0);
     const EnterOutcome outcome = EnterCell(m_program, m_bill, m_text->text());
     if (outcome.stopped) {
         m_text->setFocus();
@@ -350,7 +365,8 @@ bool CellEditors::PasteKey(const QObject* watched, const QKeyEvent& key)
     PasteTable(m_program, m_bill, text);
     QApplication::restoreOverrideCursor();
     emit Changed();
-    ShowCellEditor();
+    if (EditorOfCell(m_bill) != CellEditor::Attribute) // its picker opens for a click or a key that asks for it
+        ShowCellEditor();
     return true;
 }
 
@@ -360,12 +376,22 @@ void CellEditors::FollowFocus(const QObject* watched, const QFocusEvent& focus)
     if (watched == &m_grid && focus.gotFocus() && focus.reason() == Qt::TabFocusReason)
         ShowCellEditor();
     const bool clickedAway = focus.lostFocus() && focus.reason() == Qt::MouseFocusReason;
-    if (watched == m_text && clickedAway && !m_grid.hasFocus() && !m_dropList->underMouse())
+    const bool isEditor = watched == m_text || watched == m_units;
+    if (isEditor && clickedAway && !m_grid.hasFocus() && !m_dropList->underMouse())
         Hide();
+}
+
+/// Over an editor the wheel scrolls the lines: another unit is another quantity.
+bool CellEditors::ScrollGrid(QWheelEvent& wheel)
+{
+    QApplication::sendEvent(m_grid.viewport(), &wheel);
+    return true;
 }
 
 bool CellEditors::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::Wheel && watched != &m_grid)
+        return ScrollGrid(*static_cast<QWheelEvent*>(event));
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
         FollowFocus(watched, *static_cast<QFocusEvent*>(event));
     if (event->type() == QEvent::ShortcutOverride)

@@ -13,6 +13,7 @@ class QComboBox;
 class QFocusEvent;
 class QKeyEvent;
 class QLineEdit;
+class QWheelEvent;
 
 class CellEditors : public QObject
 {
@@ -50,6 +51,7 @@ private:
     void Choose(const QString& code);
 
     void FollowFocus(const QObject* watched, const QFocusEvent& focus);
+    bool ScrollGrid(QWheelEvent& wheel);
     bool LeavingKey(QKeyEvent* key);
     bool TextKey(QKeyEvent* key);
     bool UnitKey(QKeyEvent* key);
@@ -65,6 +67,8 @@ private:
     BillText& m_bill;
     GridView& m_grid;
     QLineEdit* m_text;  // Text2
+    QString m_opened;   // what it opened with
+    QString m_typed;    // what it last took
     QComboBox* m_units; // Combol2
     DropList* m_dropList;
 };

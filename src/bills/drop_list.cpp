@@ -116,16 +116,20 @@ void DropList::Choose()
 
 bool DropList::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::FocusOut && static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason)
+        emit ClickedAway();
     if (event->type() != QEvent::KeyPress)
         return QFrame::eventFilter(watched, event);
     auto* const key = static_cast<QKeyEvent*>(event);
+    if (const auto row = m_goods->EndRow(key->key())) {
+        m_list->setCurrentIndex(m_goods->index(*row, kCodeColumn));
+        return true;
+    }
     switch (key->key()) {
     case Qt::Key_Up:
     case Qt::Key_Down:
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
-    case Qt::Key_Home:
-    case Qt::Key_End:
     case Qt::Key_Shift:
     case Qt::Key_Control:
         return false;

@@ -26,6 +26,8 @@ signals:
     void Chosen(const QString& code);
     /// A key that the list has no use for; it belongs to the editor.
     void KeyForEditor(QKeyEvent* event);
+    /// The list had the focus, and the user has clicked elsewhere.
+    void ClickedAway();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

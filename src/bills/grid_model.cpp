@@ -24,7 +24,9 @@ Qt::Alignment AcrossOf(const LineGrid::Column& column)
 
 } // namespace
 
-GridModel::GridModel(LineGrid& grid, QObject* parent) : QAbstractTableModel(parent), m_grid(grid) {}
+GridModel::GridModel(LineGrid& grid, GridRows kind, QObject* parent)
+    : QAbstractTableModel(parent), m_grid(grid), m_kind(kind)
+{}
 
 QVariant GridModel::data(const QModelIndex& index, int role) const
 {
@@ -75,7 +77,7 @@ bool GridModel::ColumnsChanged() const
 bool GridModel::Sync()
 {
     const bool changed = ColumnsChanged();
-    const int rows = std::max(0, m_grid.rows() - 1);
+    const int rows = std::max(0, m_grid.rows() - (m_kind == GridRows::List ? 2 : 1));
     if (changed) {
         beginResetModel();
         m_shown.clear();

@@ -5,6 +5,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
@@ -16,7 +17,8 @@ namespace {
 constexpr double kCurrentRow = 0.11;
 constexpr double kLines = 0.16;
 
-constexpr int kLeastSeen = 24; // of a cell's width for an editor to stand in
+constexpr int kLeastSeen = 24;    // of a cell's width for an editor to stand in
+constexpr int kScrolledShare = 3; // one part in so many of the width is left to the columns that scroll
 
 /// Paints the current row tinted and the current cell framed, whether the grid or an editor has the focus.
 class CellPainter : public QStyledItemDelegate
@@ -56,9 +58,14 @@ private:
 
 } // namespace
 
-GridView::GridView(LineGrid& grid, QWidget* parent)
-    : QTableView(parent), m_grid(grid), m_model(new GridModel(grid, this)), m_fixed(new QTableView(this))
+GridView::GridView(LineGrid& grid, QWidget* parent, GridRows kind)
+    : QTableView(parent),
+      m_grid(grid),
+      m_model(new GridModel(grid, kind, this)),
+      m_fixed(new QTableView(this)),
+      m_corner(new QLabel(this))
 {
+    m_corner->setAlignment(Qt::AlignCenter);
     setModel(m_model);
     setItemDelegate(new CellPainter(*this, this));
     setSelectionMode(NoSelection);
@@ -203,10 +210,24 @@ void GridView::SetFixedColumns(int count)
     emit CellsMoved();
 }
 
+/// The columns that are to be locked, as far as the window has room for them: those behind must stay within reach.
+int GridView::FixedSections() const
+{
+    const int room = viewport()->width() - viewport()->width() / kScrolledShare;
+    const int wanted = std::min(m_fixedColumns - 1, m_model->columnCount());
+    int width = 0;
+    for (int section = 0; section < wanted; ++section) {
+        width += columnWidth(section);
+        if (width > room)
+            return section;
+    }
+    return wanted;
+}
+
 int GridView::FixedWidth() const
 {
     int width = 0;
-    for (int section = 0; section < std::min(m_fixedColumns - 1, m_model->columnCount()); ++section)
+    for (int section = FixedSections() - 1; section >= 0; --section)
         width += columnWidth(section);
     return width;
 }
@@ -214,11 +235,12 @@ int GridView::FixedWidth() const
 void GridView::PlaceFixedPart()
 {
     const int width = FixedWidth();
+    const int sections = FixedSections();
     m_fixed->setVisible(width > 0);
     if (width == 0)
         return;
     for (int section = 0; section < m_model->columnCount(); ++section) {
-        const bool shown = section < m_fixedColumns - 1 && !isColumnHidden(section);
+        const bool shown = section < sections && !isColumnHidden(section);
         m_fixed->setColumnHidden(section, !shown);
         if (shown)
             m_fixed->setColumnWidth(section, columnWidth(section));
@@ -234,7 +256,7 @@ QRect GridView::CurrentCellRect() const
     const QModelIndex current = currentIndex();
     if (!current.isValid())
         return {};
-    const bool fixed = m_fixed->isVisible() && current.column() < m_fixedColumns - 1;
+    const bool fixed = m_fixed->isVisible() && current.column() < FixedSections();
     const QTableView* const view = fixed ? m_fixed : static_cast<const QTableView*>(this);
     const QRect rect = view->visualRect(current);
     const QRect seen = rect & view->viewport()->rect();
@@ -246,7 +268,7 @@ QRect GridView::CurrentCellRect() const
 void GridView::scrollTo(const QModelIndex& index, ScrollHint hint)
 {
     QTableView::scrollTo(index, hint);
-    if (!m_fixed->isVisible() || index.column() < m_fixedColumns - 1)
+    if (!m_fixed->isVisible() || index.column() < FixedSections())
         return;
     const int covered = FixedWidth() - visualRect(index).left();
     if (covered > 0)
@@ -355,6 +377,11 @@ void GridView::scrollContentsBy(int dx, int dy)
 void GridView::updateGeometries()
 {
     QTableView::updateGeometries();
-    if (m_model)
-        emit CellsMoved();
+    if (!m_model)
+        return;
+    m_corner->setText(m_grid.columns() > 0 ? m_grid.Cell(0, 0) : QString());
+    m_corner->setGeometry(
+        QRect(verticalHeader()->x(), horizontalHeader()->y(), verticalHeader()->width(), horizontalHeader()->height()));
+    m_corner->raise();
+    emit CellsMoved();
 }

@@ -8,12 +8,14 @@
 
 #include <QTableView>
 
+class QLabel;
+
 class GridView : public QTableView
 {
     Q_OBJECT
 
 public:
-    GridView(LineGrid& grid, QWidget* parent);
+    GridView(LineGrid& grid, QWidget* parent, GridRows kind = GridRows::Lines);
 
     /// Shows what the grid holds now, its current cell included.
     void Sync();
@@ -58,14 +60,16 @@ private:
     void PlaceFixedPart();
     void KeepWidth(int section, int pixels);
     double PixelsPerTwip() const;
+    int FixedSections() const;
     int FixedWidth() const;
     int NextColumn(int from, int step) const;
     bool isStretched(int section) const;
 
     LineGrid& m_grid;
     GridModel* m_model;
-    QTableView* m_fixed; // shows the fixed columns over the scrolling ones
-    int m_fixedColumns = 1;
+    QTableView* m_fixed;    // shows the fixed columns over the scrolling ones
+    QLabel* m_corner;       // caption of the row head
+    int m_fixedColumns = 1; // as wished, the row head counted
     bool m_locked = false;
     bool m_syncing = false;
     bool m_layingOut = false;

@@ -3,6 +3,7 @@
 #include "handover/open_query.h"
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -107,6 +108,15 @@ void ForgetChoice(BillText& bill, const HeadField& typed)
         if (typed.text == boxes.name)
             (bill.*boxes.code).clear();
     }
+}
+
+bool IsChosen(const BillText& bill, const QString& control)
+{
+    const HeadField* const field = FindHeadField(control);
+    return std::ranges::any_of(std::array{WarehouseField::F, WarehouseField::S}, [&](WarehouseField warehouse) {
+        const WarehouseBoxes boxes = BoxesOf(warehouse);
+        return field && field->text == boxes.name && !(bill.*boxes.code).trimmed().isEmpty();
+    });
 }
 
 void ChooseTypedWarehouses(Program& program, BillText& bill)

@@ -23,6 +23,8 @@ const HeadField* FindHeadField(const QString& control);
 /// A field has been typed into: a name typed over a chosen warehouse is no longer that warehouse, whose code would
 /// otherwise win at the save.
 void ForgetChoice(BillText& bill, const HeadField& typed);
+/// Whether a box shows a warehouse that was chosen and not typed over since.
+bool IsChosen(const BillText& bill, const QString& control);
 /// A warehouse whose whole name has been typed is chosen without Enter.
 void ChooseTypedWarehouses(Program& program, BillText& bill);
 

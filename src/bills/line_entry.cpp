@@ -1,5 +1,6 @@
 #include "bills/line_entry.h"
 
+#include "bills/entry_limits.h"
 #include "bills/line_totals.h"
 #include "data/decimals.h"
 #include "data/lookups.h"
@@ -109,9 +110,11 @@ Written CommitCell(Program& program, BillText& bill, const QString& text, const 
     return written;
 }
 
-/// What Enter asks for in a goods column; empty elsewhere.
+/// What Enter asks for in a goods column; empty elsewhere and without a text.
 Sql GoodEntered(const BillText& bill, const QString& text)
 {
+    if (text.trimmed().isEmpty()) // a good without mnemonic is not meant
+        return {};
     switch (bill.MSH.currentColumn) {
     case kCodeColumn:
         return GoodByCode(text);
@@ -167,19 +170,28 @@ bool IsGoodsColumn(const BillText& bill)
     return bill.MSH.currentColumn == kCodeColumn || bill.MSH.currentColumn == kNameColumn;
 }
 
-void TypeInCell(Program& program, BillText& bill, const QString& text)
+bool TypeInCell(Program& program, BillText& bill, const QString& text)
 {
     LineGrid& grid = bill.MSH;
     if (grid.currentColumn == 0)
-        return;
-    grid.SetCell(grid.currentRow, grid.currentColumn, text);
+        return true;
+    if (!PutInCell(program, bill, text))
+        return false;
     if (!IsGoodsColumn(bill)) {
         Txt2ToMSH(program, bill, text, {});
-        return;
+        return true;
     }
     const int last = grid.lastRow();
     if (grid.currentRow == last || !grid.Cell(last, kCodeColumn).isEmpty() || !grid.Cell(last, kNameColumn).isEmpty())
         grid.AddRow();
+    return true;
+}
+
+bool HoldsGood(Program& program, const BillText& bill)
+{
+    const QString code = CodeOfCurrentRow(bill);
+    const Recordset good = code.isEmpty() ? Recordset() : GoodForLine(program, code);
+    return !good.isEmpty() && good.Text("Name").trimmed() == bill.MSH.Cell(bill.MSH.currentRow, kNameColumn).trimmed();
 }
 
 Sql DropListQuery(const QString& text)
@@ -199,10 +211,16 @@ EnterOutcome EnterCell(Program& program, BillText& bill, const QString& text)
     return {false, Txt2ToMSH(program, bill, text, GoodEntered(bill, text))};
 }
 
-bool WriteEntered(Program& program, BillText& bill, const QString& text)
+Entered WriteEntered(Program& program, BillText& bill, const QString& text)
 {
-    bill.MSH.SetCell(bill.MSH.currentRow, bill.MSH.currentColumn, text);
-    return WriteCell(program, bill, text, GoodEntered(bill, text)) == Written::Done;
+    LineGrid& grid = bill.MSH;
+    const QString before = grid.Cell(grid.currentRow, grid.currentColumn);
+    grid.SetCell(grid.currentRow, grid.currentColumn, text);
+    if (const auto fault = FaultOfRow(program, *bill.kind, grid, grid.currentRow, bill.MoneyFactor(grid.currentRow))) {
+        grid.SetCell(grid.currentRow, grid.currentColumn, before);
+        return {true, fault->text};
+    }
+    return {WriteCell(program, bill, text, GoodEntered(bill, text)) == Written::Done, {}};
 }
 
 std::optional<PickerNeeded> GoodsPicker(Program& program, const BillText& bill, const QString& text)
@@ -341,15 +359,15 @@ std::optional<double> PosInPrice(Program& program, const BillText& bill, const Q
     return FetchRowCost(program, bill, code);
 }
 
-void PosInBill(Program& program, BillText& bill, const QString& code, double quantity)
+bool PosInBill(Program& program, BillText& bill, const QString& code, double quantity, double price)
 {
     const Undertaking scanning(program); // a good of unknown cost is no line
     const bool isPiece = bill.kind->lines == LineShape::Pieces;
     const Recordset good = GoodForLine(program, code);
-    const double price = isPiece ? PosInPrice(program, bill, code).value_or(0) : 0;
     if (good.isEmpty() || scanning.failed())
-        return;
+        return static_cast<bool>(good);
     const LineColumns at(*bill.kind);
+    const LineGrid before = bill.MSH;
     LineGrid& grid = bill.MSH;
     const int row = grid.lastRow();
     grid.SetCell(row, at.code, good.Text("Code"));
@@ -358,8 +376,20 @@ void PosInBill(Program& program, BillText& bill, const QString& code, double qua
     grid.SetCell(row, at.unit, good.Text("Unite"));
     // A revaluation has no quantity: the number lands in the unnamed column.
     grid.SetCell(row, at.amount, FormatByDigits(quantity, program.gDot.Amount_DotLen));
-    if (isPiece)
-        grid.SetCell(row, at.cost, FormatByDigits(price, program.gDot.Price_DotLen));
+    if (at.price != 0)
+        grid.SetCell(row, at.price, FormatByDigits(price, program.gDot.Price_DotLen));
+    if (at.cost != 0) {
+        const double cost = isPiece && price != 0 ? price : FetchRowCost(program, bill, code);
+        grid.SetCell(row, at.cost, FormatByDigits(cost, program.gDot.Price_DotLen));
+    }
+    const auto fault = FaultOfRow(program, *bill.kind, grid, row);
+    if (fault || scanning.failed()) {
+        bill.MSH = before;
+        if (fault && !scanning.failed())
+            program.prompt.Inform(fault->text);
+        return false;
+    }
     grid.AddRow();
     RecalcAllAmounts(program, bill);
+    return true;
 }

@@ -28,7 +28,8 @@ QString EditorText(const BillText& bill);
 bool IsGoodsColumn(const BillText& bill);
 /// A change of Text2. In a goods column the text goes to the cell and a blank row follows the last one; the caller
 /// then shows DropListQuery. Elsewhere the cell is committed.
-void TypeInCell(Program& program, BillText& bill, const QString& text);
+/// @return false for a text that the cell cannot hold, which has been said; the cell stays as it was
+bool TypeInCell(Program& program, BillText& bill, const QString& text);
 /// Goods whose code begins with the text or whose name, spec or mnemonic holds it; columns 商品编号, 商品名称, 规格,
 /// 单位, 助记符.
 Sql DropListQuery(const QString& text);
@@ -40,9 +41,16 @@ struct EnterOutcome
 };
 /// Enter in Text2: commits the cell; in a goods column the good of this code, or of this name or mnemonic, is chosen.
 EnterOutcome EnterCell(Program& program, BillText& bill, const QString& text);
-/// What Enter writes into the current cell, without the money of the row and the totals. False where it stays a text in
-/// a goods column, since no good is meant.
-bool WriteEntered(Program& program, BillText& bill, const QString& text);
+/// Whether code and name of the current row are those of one good: Enter on them, unchanged, only moves on.
+bool HoldsGood(Program& program, const BillText& bill);
+struct Entered
+{
+    bool goodFound = false; // true outside the goods columns
+    QString fault;          // why the cell cannot hold the text and stays as it was
+};
+/// What Enter writes into the current cell, without the money of the row and the totals. In a goods column it stays a
+/// text where no good is meant.
+Entered WriteEntered(Program& program, BillText& bill, const QString& text);
 /// Double click in Text2: the goods picker. Unset outside the goods columns and while the warehouses are missing.
 std::optional<PickerNeeded> GoodsPicker(Program& program, const BillText& bill, const QString& text);
 
@@ -76,5 +84,7 @@ void DeleteGridRow(Program& program, BillText& bill);
 Recordset GoodForLine(Program& program, const QString& code);
 /// For scanning: the price the bill would use. Unset without warehouses and where the bill has no cost of its own.
 std::optional<double> PosInPrice(Program& program, const BillText& bill, const QString& code);
-/// For scanning: adds a line, on an assembly at its price; an unknown good adds none.
-void PosInBill(Program& program, BillText& bill, const QString& code, double quantity);
+/// For scanning: adds a line with its quantity and cost. The price goes where one is typed on this bill: to 单价, or on
+/// an assembly, unless it is 0, to 成本价. An unknown good adds none.
+/// @return false for figures that the line cannot hold, which has been said; no line is added
+bool PosInBill(Program& program, BillText& bill, const QString& code, double quantity, double price);

@@ -1,5 +1,7 @@
 #include "bills/paste.h"
 
+#include "base/whole_text.h"
+#include "bills/entry_limits.h"
 #include "bills/line_entry.h"
 #include "bills/line_totals.h"
 #include "data/lookups.h"
@@ -7,10 +9,11 @@
 
 #include <QRegularExpression>
 #include <algorithm>
+#include <span>
 
 namespace {
 
-constexpr int kNamedGoods = 5; // of the unknown ones
+constexpr size_t kNamed = 5; // of what was not taken over
 
 /// Past the quote that closes a cell; -1 for a quote that is part of a plain text. A spreadsheet quotes a cell whose
 /// text holds a tab or a line break, and doubles the quotes in it.
@@ -44,7 +47,7 @@ std::vector<QStringList> RowsOf(const QString& text)
             rows.back() << OneLine(text.mid(at + 1, end - at - 2).replace("\"\"", "\""));
         } else {
             end = std::find_if(text.begin() + at, text.end(), EndsCell) - text.begin();
-            rows.back() << text.mid(at, end - at).trimmed();
+            rows.back() << WholeText(text.mid(at, end - at).trimmed());
         }
         opensRow = end >= text.size() || text[end] != u'\t';
         at = end + (text.mid(end, 2) == u"\r\n" ? 2 : 1);
@@ -74,68 +77,71 @@ void WriteAttribute(Program& program, BillText& bill, const QString& text)
         ChooseAttribute(program, bill, code);
 }
 
-/// False for a good that is not known.
-bool WriteText(Program& program, BillText& bill, const QString& text)
+/// How it went, as for a cell that is entered.
+Entered WriteText(Program& program, BillText& bill, const QString& text)
 {
     switch (EditorOfCell(bill)) {
     case CellEditor::None:
-        return true;
+        break;
     case CellEditor::Text:
         return WriteEntered(program, bill, text);
     case CellEditor::Unit:
         ChooseUnit(program, bill, text);
-        return true;
+        break;
     case CellEditor::Attribute:
         WriteAttribute(program, bill, text);
-        return true;
+        break;
     }
-    return true;
+    return {true, {}};
 }
 
-/// The place and text of a cell whose good is not known.
-struct UnknownGood
+/// What was not taken over as it stands.
+struct Missed
 {
-    int row;
-    int column;
-    QString text;
+    std::vector<CellFault> unknown; // goods
+    std::vector<CellFault> refused; // texts and figures that their cells cannot hold
 };
 
 void WriteRow(Program& program, BillText& bill, int row, const std::vector<int>& columns, const QStringList& texts,
-              std::vector<UnknownGood>& unknown)
+              Missed& missed)
 {
     LineGrid& grid = bill.MSH;
     while (row >= grid.lastRow())
         grid.AddRow();
     grid.currentRow = row;
     bool goodFound = false;
-    std::optional<UnknownGood> missed;
+    std::optional<CellFault> unknown;
     for (size_t place = 0; place < std::min(columns.size(), size_t(texts.size())); ++place) {
         const QString& text = texts[qsizetype(place)];
         grid.currentColumn = columns[place];
         const bool isGood = IsGoodsColumn(bill);
         if (text.isEmpty() || (isGood && goodFound)) // the name behind a code is the good's own
             continue;
-        const bool written = WriteText(program, bill, text);
-        goodFound = goodFound || (isGood && written);
-        if (!written && !missed)
-            missed = {row, columns[place], text};
+        const Entered entered = WriteText(program, bill, text);
+        if (!entered.fault.isEmpty()) {
+            missed.refused.push_back({row, columns[place], entered.fault});
+            continue;
+        }
+        goodFound = goodFound || (isGood && entered.goodFound);
+        if (!entered.goodFound && !unknown)
+            unknown = {row, columns[place], "第" + QString::number(row) + "行：" + text};
     }
-    if (missed && !goodFound)
-        unknown.push_back(*missed);
+    if (unknown && !goodFound)
+        missed.unknown.push_back(*unknown);
     RecalcRowAmount(program, bill, row);
 }
 
-void SayUnknown(Program& program, const std::vector<UnknownGood>& unknown)
+/// The first of them by name.
+void Say(Program& program, const QString& whole, const std::vector<CellFault>& faults)
 {
-    QStringList named;
-    for (const UnknownGood& good : unknown) {
-        if (named.size() == kNamedGoods)
-            break;
-        named << "第" + QString::number(good.row) + "行：" + good.text;
-    }
-    const QString more = unknown.size() > kNamedGoods ? "\n……" : "";
-    program.prompt.Inform("粘贴的商品中有" + QString::number(unknown.size()) + "个不存在！\n" + named.join('\n') +
-                          more);
+    if (faults.empty())
+        return;
+    QStringList lines = {whole.arg(faults.size())};
+    for (const CellFault& fault : std::span(faults).first(std::min(faults.size(), kNamed)))
+        lines << fault.text;
+    if (faults.size() > kNamed)
+        lines << "……";
+    program.prompt.Inform(lines.join('\n'));
 }
 
 } // namespace
@@ -151,7 +157,7 @@ QString OneLine(const QString& text)
     static const QString kBreaks = "[\\t\\r\\n\\v\\f\\x{85}\\x{2028}\\x{2029}]+";
     static const QRegularExpression atEnds("^" + kBreaks + "|" + kBreaks + "$");
     static const QRegularExpression within(kBreaks);
-    QString line = text;
+    QString line = WholeText(text);
     return line.remove(atEnds).replace(within, " ");
 }
 
@@ -165,20 +171,21 @@ void PasteTable(Program& program, BillText& bill, const QString& text)
     const std::vector<int> columns = ColumnsFromCurrent(grid);
     const int firstColumn = grid.currentColumn;
     int row = grid.currentRow;
-    std::vector<UnknownGood> unknown;
+    Missed missed;
     for (const QStringList& texts : RowsOf(text)) {
         const bool isBlank = std::ranges::all_of(texts, [](const QString& cell) { return cell.isEmpty(); });
         if (!isBlank)
-            WriteRow(program, bill, row++, columns, texts, unknown);
+            WriteRow(program, bill, row++, columns, texts, missed);
     }
     if (pasting.failed()) { // a good or a cost that is not known would be stored as none
         grid = before;
         return;
     }
-    grid.currentRow = unknown.empty() ? std::max(1, row - 1) : unknown.front().row;
-    grid.currentColumn = unknown.empty() ? firstColumn : unknown.front().column;
+    const std::vector<CellFault>& shown = missed.unknown.empty() ? missed.refused : missed.unknown;
+    grid.currentRow = shown.empty() ? std::max(1, row - 1) : shown.front().row;
+    grid.currentColumn = shown.empty() ? firstColumn : shown.front().column;
     SumBillTotals(program, bill);
     bill.LinesChanged(program);
-    if (!unknown.empty())
-        SayUnknown(program, unknown);
+    Say(program, "粘贴的商品中有%1个不存在！", missed.unknown);
+    Say(program, "粘贴的内容中有%1处未录入！", missed.refused);
 }

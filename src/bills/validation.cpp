@@ -1,5 +1,6 @@
 #include "bills/validation.h"
 
+#include "bills/entry_limits.h"
 #include "bills/line_totals.h"
 #include "bills/only_code.h"
 #include "data/decimals.h"
@@ -231,7 +232,7 @@ bool CheckBillLines(Program& program, BillText& bill, OnlyCodeTest test)
             !CheckDay(program, bill, at.validUntil, "有效日期", row) || !CheckOnlyCode(program, bill, at, row, test))
             return false;
     }
-    return CheckMoneyRange(program, bill, at);
+    return CheckLimits(program, bill) && CheckMoneyRange(program, bill, at);
 }
 
 bool CheckStockEnough(Program& program, const BillText& bill, const QString& code, double quantity, bool auditedOnly,

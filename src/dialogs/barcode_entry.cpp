@@ -41,7 +41,8 @@ EntryField EnterLine(Program& program, const ScannedBill& bill, BarcodeEntry& en
     if (price == 0 && entry.ChZeroPrice && !program.prompt.Ask("商品单价为零吗？"))
         return EntryField::Price;
 
-    bill.PosInBill(entry.TxtWareCode, amount, price);
+    if (!bill.PosInBill(entry.TxtWareCode, amount, price))
+        return EntryField::Amount;
     entry.lastEntered = "已录入：" + entry.TxtWareCode + " " + entry.TxtWareName + " × " + NumberText(amount);
     entry.TxtWareCode.clear();
     entry.TxtWareName.clear();

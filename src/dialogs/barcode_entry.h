@@ -11,8 +11,8 @@ struct ScannedBill
 {
     /// The price that the bill would use for a good; empty for none.
     std::function<QString(const QString& wareCode)> PosInPrice;
-    /// Adds a line.
-    std::function<void(const QString& wareCode, double amount, double price)> PosInBill;
+    /// Adds a line. False for one that the bill cannot hold, which has been said.
+    std::function<bool(const QString& wareCode, double amount, double price)> PosInBill;
 };
 
 /// The fields of the window, named as its controls.

@@ -112,7 +112,7 @@ TEST_F(AllocationTest, EachTriggerRecalculatesWhatHangsOnIt)
     EXPECT_FALSE(IsFigureKey('-'));
 
     // Lines that arrive or leave take the head along.
-    PosInBill(test.program, bill, "A001", 3);
+    PosInBill(test.program, bill, "A001", 3, 0);
     EXPECT_EQ(Cell(2, "成本价"), "10.00");
     EXPECT_EQ(bill.TxtTotalMoney, "85.56");
     test.prompt.answers = {true};

@@ -97,10 +97,29 @@ TEST_F(AssemblyValidationTest, AnEmptyCostIsAskedForAndZeroIsNot)
 TEST_F(AssemblyValidationTest, FiguresBeyondMoneyAreRefused)
 {
     OpenWith(false, {}, "B001");
-    TypeAndLeave("TxtCost", "1000000000000000");
-    EXPECT_EQ(Save(), QStringList("合计金额超出系统所能保存的范围，请修改后再保存！"));
-    OpenWith(true, {{"成本价", "1000000000000000"}}, "B001");
-    EXPECT_EQ(Save(), QStringList("第 1 行 金额 超出系统所能保存的范围，请修改后再保存！"));
+    const std::pair<const char*, const char*> costs[] = {{"1e15", "单件成本 "}, {"1e12", "合计金额"}};
+    for (const auto& [cost, word] : costs) {
+        TypeAndLeave("TxtCost", cost);
+        EXPECT_EQ(Save(), QStringList(QString(word) + "超出系统所能保存的范围，请修改后再保存！"));
+    }
+    OpenWith(true, {{"成本价", "1e12"}}, "B001");
+    EXPECT_EQ(test.Boxes(), "第 1 行 金额 超出系统所能保存的范围，请修改后再保存！");
+}
+
+TEST_F(AssemblyValidationTest, NameAndCodeOfTheProductAreOfOneGood)
+{
+    OpenWith(true);
+    const auto save = [this](const char* name) {
+        bill.TxtWareName = name;
+        ForgetProduct(bill);
+        return Save().join('|');
+    };
+    EXPECT_EQ(save("x"), "商品名称不存在，请重新选择！");
+    test.Insert("TabWare", {{"Code", "P002"}, {"Name", "套装"}});
+    EXPECT_EQ(save("套装"), "商品名称不存在，请重新选择！") << "there are two";
+    test.Run(Sql("update TabWare set Name='新装' where Code='P001'"));
+    EXPECT_EQ(save("新装"), kPassed);
+    EXPECT_EQ(Rows("select WareCode,WareName,Amount from TabWareGroup"), QStringList("P001|新装|1"));
 }
 
 /// Where one piece stands, and what the four tests say of it. 1 there already, 2 not there, 3 left before, 0 nothing.

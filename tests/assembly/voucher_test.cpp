@@ -168,7 +168,8 @@ TEST_F(VoucherTest, GoodsThatAreMissingStopTheSave)
 {
     OpenBill(true, "100", "0");
     bill.TxtWareCode = "X9";
-    const QStringList boxes = Save();
+    EXPECT_FALSE(CheckWarrantSettings(test.program, bill));
+    const QStringList boxes = test.prompt.TakeTexts();
     ASSERT_EQ(boxes.size(), 1);
     EXPECT_TRUE(boxes[0].startsWith("商品编号为 X9 商品名称为 套装  的商品在商品信息设置中没有设置 会计凭证中"));
     EXPECT_TRUE(boxes[0].contains("自动生\"成其对应"));

@@ -1,5 +1,6 @@
 #include "ware_window.h"
 
+#include <QClipboard>
 #include <QHeaderView>
 #include <QListWidget>
 #include <QMenu>
@@ -175,6 +176,21 @@ TEST_F(WareManageDialogs, FormatsShowAtOnceAndLeaveTheLinesAlone)
     EXPECT_EQ(test.Boxes(), "删除当前界面格式设置吗？|删除成功！");
     EXPECT_EQ(Line(1), QStringList({"A001", "螺丝", "M8", "", "箱", "1.00", ""}));
     EXPECT_EQ(dialogs, 1);
+}
+
+TEST_F(WareManageDialogs, APastedAttributeAsksNothing)
+{
+    OpenTransfer();
+    ClickCell(1, 3);
+    Press({Qt::Key_Escape});
+    window->findChild<GridView*>("MSH")->MoveBy(1, 0);
+    QApplication::clipboard()->setText("0102");
+    InDialog([](QWidget&) {}); // of the step onto the cell
+    EXPECT_TRUE(QTest::qWaitFor([this] { return dialogs == 1; }, kPatience));
+    Press({Qt::Key_V}, Qt::ControlModifier);
+    QApplication::processEvents();
+    EXPECT_EQ(Line(1)[3], "0102>颜色>红");
+    EXPECT_FALSE(QApplication::activeModalWidget());
 }
 
 TEST_F(WareManageDialogs, ScansBecomeLinesBehindTheirWindow)

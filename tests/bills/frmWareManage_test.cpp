@@ -1,6 +1,9 @@
 #include "ware_window.h"
 
+#include <QClipboard>
 #include <QComboBox>
+#include <QTableView>
+#include <QWheelEvent>
 
 namespace {
 
@@ -293,6 +296,99 @@ TEST_F(WareManageTest, ClosingTheWindowClosesTheConnection)
     QTest::mouseClick(Find<QToolButton>("ToolExit"), Qt::LeftButton);
     EXPECT_FALSE(window->isVisible());
     EXPECT_EQ(test.program.gConnection.State(), 0);
+}
+
+TEST_F(WareManageTest, EnterOnAnUnchangedGoodMovesOn)
+{
+    test.Insert("TabWare", {{"Code", "A000"}, {"Name", "螺丝"}, {"Unite", "包"}});
+    OpenTransfer();
+    ClickCell(1, 6);
+    TypeAndEnter({"110"});
+    for (const int column : {1, 2}) {
+        ClickCell(1, column);
+        Press({Qt::Key_Return});
+        EXPECT_EQ(At(), std::pair(1, column + 1));
+    }
+    EXPECT_EQ(Line(1).mid(0, 6), QStringList({"A001", "螺丝", "M8", "", "箱", "110.00"}));
+}
+
+TEST_F(WareManageTest, TheWheelChangesNothingThatHasNotTheFocus)
+{
+    OpenTransfer();
+    const auto turn = [](QWidget* over) {
+        QWheelEvent wheel(QPointF(5, 5), over->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(over, &wheel);
+    };
+    auto* const money = Find<QComboBox>("TxtMoneyName");
+    money->addItems({"人民币", "美元"});
+    money->setCurrentIndex(0);
+    turn(money);
+    EXPECT_EQ(money->currentText(), "人民币");
+    ClickCell(1, 5);
+    EXPECT_EQ(Focus(), "Combol2");
+    turn(Find<QWidget>("Combol2"));
+    EXPECT_EQ(Line(1)[4], "箱");
+}
+
+TEST_F(WareManageTest, EditorsCloseWhereTheUserClicksAway)
+{
+    OpenTransfer();
+    ClickCell(1, 5);
+    QTest::mouseClick(Find<QLineEdit>("TxtMemo"), Qt::LeftButton);
+    EXPECT_FALSE(Shown("Combol2"));
+    test.Insert("TabWare", {{"Code", "A002"}});
+    ClickCell(2, 1);
+    TypeText("A");
+    Press({Qt::Key_Down, Qt::Key_End});
+    EXPECT_EQ(Find<QTableView>("MSHSelect")->currentIndex().row(),
+              Find<QTableView>("MSHSelect")->model()->rowCount() - 1);
+    Press({Qt::Key_Home});
+    EXPECT_EQ(Find<QTableView>("MSHSelect")->currentIndex().row(), 0);
+    QTest::mouseClick(Find<QLineEdit>("TxtMemo"), Qt::LeftButton);
+    EXPECT_FALSE(Shown("PicSelect"));
+    EXPECT_FALSE(Shown("Text2"));
+    EXPECT_EQ(Focus(), "TxtMemo");
+}
+
+TEST_F(WareManageTest, LockedColumnsLeaveRoomForTheOthers)
+{
+    OpenTransfer();
+    window->resize(640, 500);
+    Find<QLineEdit>("TxtFixedColNum")->setText("20");
+    Find<QAbstractButton>("ChFixedCol")->click();
+    ClickCell(1, 1);
+    Grid()->setCurrentIndex(Grid()->model()->index(0, 17));
+    EXPECT_GT(Grid()->CurrentCellRect().width(), 24);
+}
+
+TEST_F(WareManageTest, ARefusalBringsItsHiddenColumnIntoSight)
+{
+    OpenTransfer();
+    const int column = ColumnIndex(*window->bill().kind, u"有效日期");
+    EXPECT_TRUE(Grid()->isColumnHidden(column - 1));
+    const_cast<BillText&>(window->bill()).MSH.SetCell(1, column, "x");
+    EXPECT_EQ(SaveByKey().size(), 1);
+    EXPECT_FALSE(Grid()->isColumnHidden(column - 1));
+    TypeAndEnter({"2024-01-01"});
+    EXPECT_EQ(window->bill().MSH.Cell(1, column), "2024-01-01");
+}
+
+TEST_F(WareManageTest, WhatABoxOrACellCannotHoldIsNotTyped)
+{
+    OpenTransfer();
+    QTest::mouseClick(Find<QLineEdit>("TxtSaleMan"), Qt::LeftButton);
+    QApplication::clipboard()->setText(QString(256, u'字'));
+    Press({Qt::Key_V}, Qt::ControlModifier);
+    EXPECT_EQ(test.Boxes(), "业务员 超过 255 个字，请修改后再保存！");
+    EXPECT_EQ(Box("TxtSaleMan"), "");
+    QTest::mouseClick(Find<QLineEdit>("TxtMemo"), Qt::LeftButton);
+    Press({Qt::Key_V}, Qt::ControlModifier);
+    EXPECT_EQ(window->bill().TxtMemo.size(), 256 + 4);
+    ClickCell(1, 6);
+    TypeText("1e20");
+    EXPECT_EQ(test.Boxes(), "第 1 行 数量 超出系统所能保存的范围，请修改后再保存！");
+    EXPECT_EQ(Box("Text2") + " " + Line(1)[5], "1e2 100.00");
 }
 
 } // namespace

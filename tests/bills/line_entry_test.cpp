@@ -38,6 +38,25 @@ TEST_F(LineEntryTest, TypingFormatsFiguresAndSumsTheBill)
     EXPECT_EQ(bill.LabTotalMoney, "-1,000.50");
 }
 
+TEST_F(LineEntryTest, WhatACellCannotHoldIsNotTyped)
+{
+    OpenWithLine("异价调拨", {{"数量", "12"}, {"单价", "2"}});
+    const auto refuse = [this](const char* caption, const QString& text) {
+        GoTo(1, caption);
+        const QString before = Cell(1, caption);
+        EXPECT_FALSE(TypeInCell(test.program, bill, text)) << caption;
+        EXPECT_EQ(Cell(1, caption), before);
+        return test.Boxes();
+    };
+    EXPECT_EQ(refuse("数量", "1e20"), "第 1 行 数量 超出系统所能保存的范围，请修改后再保存！");
+    EXPECT_EQ(refuse("单价", "10000000000"), "第 1 行 金额 超出系统所能保存的范围，请修改后再保存！");
+    EXPECT_EQ(refuse("批号", QString(51, u'字')), "第 1 行 批号 超过 50 个字，请修改后再保存！");
+    EXPECT_EQ(refuse("规格", QString(256, u'字')), "第 1 行 规格 超过 255 个字，请修改后再保存！");
+    Type(1, "备注", QString(5000, u'字'));
+    EXPECT_EQ(Cell(1, "备注").size(), 5000);
+    EXPECT_EQ(bill.LabTotalMoney, "24.00");
+}
+
 TEST_F(LineEntryTest, ASavedLayoutChangesCaptionsAndWidthsOnly)
 {
     for (int column = 0; column < 30; ++column)
@@ -152,18 +171,26 @@ TEST_F(LineEntryTest, ScanningAddsLines)
 {
     Open("盘点报溢");
     EXPECT_EQ(PosInPrice(test.program, bill, "A001"), 10);
-    PosInBill(test.program, bill, "A001", 3);
-    PosInBill(test.program, bill, "unknown", 3);
+    EXPECT_TRUE(PosInBill(test.program, bill, "A001", 3, 7.5));
+    EXPECT_TRUE(PosInBill(test.program, bill, "unknown", 3, 0));
+    EXPECT_FALSE(PosInBill(test.program, bill, "A001", 1e14, 0));
+    EXPECT_EQ(test.Boxes(), "第 2 行 数量 超出系统所能保存的范围，请修改后再保存！");
     EXPECT_EQ(bill.MSH.rows(), 3);
-    EXPECT_EQ(Cell(1, "数量"), "3.00");
+    EXPECT_EQ(Cell(1, "数量") + "|" + Cell(1, "成本价") + "|" + Cell(1, "金额"), "3.00|10.00|30.00");
     bill.TxtWarehouseCodeF.clear();
     bill.TxtWarehouseCodeS.clear();
     EXPECT_FALSE(PosInPrice(test.program, bill, "A001").has_value());
 
     Open("商品调价");
     EXPECT_FALSE(PosInPrice(test.program, bill, "A001").has_value());
-    PosInBill(test.program, bill, "A001", 3);
+    PosInBill(test.program, bill, "A001", 3, 0);
     EXPECT_EQ(bill.MSH.Cell(1, 0), "3.00");
+
+    Open("异价调拨");
+    PosInBill(test.program, bill, "A001", 3, 7.5);
+    EXPECT_EQ(Cell(1, "单价") + "|" + Cell(1, "成本价") + "|" + Cell(1, "金额"), "7.50|10.00|22.50");
+    EXPECT_EQ(Save(), QStringList("保存成功！"));
+    EXPECT_EQ(Rows("select Price,Moneyy,MoneyBanlance from TabDiffPriceMoveInf"), QStringList("7.5|22.5|-7.5"));
 }
 
 TEST_F(LineEntryTest, HeadBoxesLookUpByTheBeginning)

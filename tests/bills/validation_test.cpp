@@ -187,26 +187,44 @@ TEST_F(ValidationTest, APieceMustHaveComeInAndNotGoneOut)
 
 TEST_F(ValidationTest, FiguresBeyondMoneyAreRefused)
 {
-    OpenWithLine("异价调拨", {{"数量", "1e300"}, {"单价", "1e300"}});
-    EXPECT_EQ(Check(), QStringList("第 1 行 金额 超出系统所能保存的范围，请修改后再保存！"));
-    AddLine("A001", {{"数量", "600000000000000"}, {"单价", "1"}});
-    Type(1, "单价", "1");
-    Type(1, "数量", "600000000000000");
-    EXPECT_TRUE(Check().value(0).startsWith("第 1 行 金额")) << "at its cost of 10";
-    for (const int row : {1, 2})
-        bill.MSH.SetCell(row, ColumnIndex(*bill.kind, u"成本价"), "0");
-    EXPECT_EQ(Check(), QStringList("合计金额超出系统所能保存的范围，请修改后再保存！"));
+    const auto beyond = [](const char* what) { return QString(what) + " 超出系统所能保存的范围，请修改后再保存！"; };
+    const auto put = [this](int row, const char* caption, const char* text) {
+        bill.MSH.SetCell(row, ColumnIndex(*bill.kind, QString(caption)), text);
+    };
+    OpenWithLine("异价调拨");
+    AddLine("A001");
+    // A cell, the money of a row at its price and at its cost, and the sums.
+    const std::tuple<const char*, const char*, const char*, QString> cases[] = {
+        {"1e20", "1", "1", beyond("第 2 行 数量")},
+        {"1e13", "0", "0", beyond("第 2 行 数量")},
+        {"9e12", "0", "0", beyond("合计数量")},
+        {"1e6", "1e6", "1", beyond("第 2 行 金额")},
+        {"1e6", "1", "1e6", beyond("第 2 行 金额")},
+        {"60000000000", "1", "0", "合计金额超出系统所能保存的范围，请修改后再保存！"},
+    };
+    for (const auto& [amount, price, cost, box] : cases) {
+        put(1, "数量", *amount == '1' ? "1" : amount);
+        put(1, "单价", price);
+        put(1, "成本价", "0");
+        put(2, "数量", amount);
+        put(2, "单价", price);
+        put(2, "成本价", cost);
+        for (const int row : {1, 2})
+            RecalcRowAmount(test.program, bill, row);
+        EXPECT_EQ(Check().join('|'), box);
+    }
 
     // The grid does not show the cost that is stored: the save finds out, and takes everything back.
     bill.MSH.RemoveRow(2);
-    Type(1, "单价", "0");
+    put(1, "单价", "0");
     test.Run(Sql("update TabWarehouseTurn set AveragePrice=10000"));
     EXPECT_EQ(Save().size(), 1);
     EXPECT_FALSE(posting.stored);
     EXPECT_EQ(Rows("select Code from TabDiffPriceMove"), QStringList());
 
-    OpenWithLine("商品调价", {{"调价金额", "-1e15"}});
-    EXPECT_EQ(Check(), QStringList("第 1 行 调价金额 超出系统所能保存的范围，请修改后再保存！"));
+    OpenWithLine("商品调价");
+    put(1, "调价金额", "-1e15");
+    EXPECT_EQ(Check().join('|'), beyond("第 1 行 调价金额"));
 }
 
 } // namespace

@@ -13,6 +13,7 @@ protected:
             test.Insert("TabWare", {{"Code", code}, {"Name", name}, {"TiaoXingCode", "690001"}});
         const auto add = [this](const QString& code, double amount, double unitPrice) {
             lines += QString("%1 %2 %3").arg(code).arg(amount).arg(unitPrice);
+            return true;
         };
         ShowNew(ScannedBill{[this](const QString& code) { return code == "G1" ? price : QString("?"); }, add}, nullptr);
     }

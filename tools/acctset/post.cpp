@@ -4,6 +4,7 @@
 #include "assembly/assembly_lifecycle.h"
 #include "assembly/assembly_save.h"
 #include "assembly/piece_head.h"
+#include "bills/entry_limits.h"
 #include "bills/head_fields.h"
 #include "bills/lifecycle.h"
 #include "bills/line_columns.h"
@@ -103,6 +104,19 @@ void TypeProduct(Program& program, GroupPieceText& bill, const PostRequest& requ
     }
 }
 
+/// Whether the boxes can hold their texts; otherwise the user has been told.
+bool CheckBoxes(Program& program, const PostRequest& request)
+{
+    for (const auto& [control, text] : request.fields) {
+        const QString fault = FaultOfBox(program, control, text);
+        if (fault.isEmpty())
+            continue;
+        program.prompt.Inform(fault);
+        return false;
+    }
+    return true;
+}
+
 void TypeHead(Program& program, BillText& bill, const PostRequest& request)
 {
     if (request.date.isValid())
@@ -128,7 +142,8 @@ void TypeHead(Program& program, BillText& bill, const PostRequest& request)
         TypeProduct(program, *piece, request);
 }
 
-void TypeLine(Program& program, BillText& bill, const LineText& line)
+/// False for a text that its cell cannot hold, which has been said.
+bool TypeLine(Program& program, BillText& bill, const LineText& line)
 {
     const LineColumns at(*bill.kind);
     LineGrid& grid = bill.MSH;
@@ -136,15 +151,17 @@ void TypeLine(Program& program, BillText& bill, const LineText& line)
     const auto type = [&](int column, const QString& text) {
         grid.currentRow = row;
         grid.currentColumn = column;
-        TypeInCell(program, bill, text);
+        return TypeInCell(program, bill, text);
     };
     if (!line.code.isEmpty()) {
-        type(at.code, line.code);
+        if (!type(at.code, line.code))
+            return false;
         ChooseGood(program, bill, line.code);
-        if (!line.name.isEmpty())
-            type(at.name, line.name);
+        if (!line.name.isEmpty() && !type(at.name, line.name))
+            return false;
     } else if (!line.name.isEmpty()) {
-        type(at.name, line.name);
+        if (!type(at.name, line.name))
+            return false;
         EnterCell(program, bill, line.name);
     }
     for (const auto& [column, text] : line.cells) {
@@ -156,26 +173,33 @@ void TypeLine(Program& program, BillText& bill, const LineText& line)
             ChooseUnit(program, bill, text);
         else if (column == at.attribute)
             grid.SetCell(row, column, AttributeText(program, text));
-        else
-            type(column, text);
+        else if (!type(column, text))
+            return false;
     }
     if (grid.lastRow() == row)
         grid.AddRow();
+    return true;
 }
 
-void TypeBill(Program& program, BillText& bill, const PostRequest& request)
+/// False for what cannot be typed, which has been said.
+bool TypeBill(Program& program, BillText& bill, const PostRequest& request)
 {
+    if (!CheckBoxes(program, request))
+        return false;
     TypeHead(program, bill, request);
     if (request.lines) {
         BuildGridColumns(program, bill);
-        for (const LineText& line : *request.lines)
-            TypeLine(program, bill, line);
+        for (const LineText& line : *request.lines) {
+            if (!TypeLine(program, bill, line))
+                return false;
+        }
         SumBillTotals(program, bill);
         bill.LinesChanged(program);
     }
     // A recipe is multiplied once its lines are there.
     if (auto* const piece = dynamic_cast<GroupPieceText*>(&bill); piece && piece->ChAutoChen)
         ClickAutoChen(program, *piece, true);
+    return true;
 }
 
 void OpenWindow(Program& program, BillText& bill)
@@ -208,8 +232,7 @@ Posting PostBill(Program& program, BillText& bill, const PostRequest& request)
             return {};
         }
     }
-    TypeBill(program, bill, request);
-    return SaveBill(program, bill);
+    return TypeBill(program, bill, request) ? SaveBill(program, bill) : Posting();
 }
 
 } // namespace

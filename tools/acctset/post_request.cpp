@@ -3,6 +3,7 @@
 #include "assembly/group_piece.h"
 #include "base/number_text.h"
 #include "bills/line_columns.h"
+#include "bills/paste.h"
 #include "commands.h"
 
 #include <QFile>
@@ -44,7 +45,7 @@ namespace {
 QString TextIn(const QJsonValue& value, const QString& where)
 {
     if (value.isString())
-        return value.toString();
+        return OneLine(value.toString()); // as its box would show it
     if (value.isDouble())
         return NumberText(value.toDouble());
     throw Wrong(where + " must be a text or a number");
