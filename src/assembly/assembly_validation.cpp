@@ -2,7 +2,6 @@
 
 #include "assembly/allocation.h"
 #include "assembly/piece_head.h"
-#include "bills/entry_limits.h"
 #include "bills/line_totals.h"
 #include "bills/only_code.h"
 #include "bills/validation.h"
@@ -83,16 +82,6 @@ bool CheckProduct(Program& program, GroupPieceText& bill)
     return true;
 }
 
-bool CheckHeadLimits(Program& program, GroupPieceText& bill)
-{
-    for (const PieceField& field : PieceFields()) {
-        const QString fault = FaultOfBox(program, field.control, bill.*field.text);
-        if (!fault.isEmpty())
-            return Refuse(program, fault);
-    }
-    return true;
-}
-
 /// Figures that money cannot hold would be stored as something else.
 bool CheckHeadMoney(Program& program, const GroupPieceText& bill)
 {
@@ -150,7 +139,7 @@ bool CheckPieceHead(Program& program, GroupPieceText& bill)
 
 bool CheckBillLines(Program& program, GroupPieceText& bill)
 {
-    return CheckHeadLimits(program, bill) && CheckProvidedDay(program, bill.TxtSCDate, "生产日期") &&
+    return CheckProvidedDay(program, bill.TxtSCDate, "生产日期") &&
            CheckProvidedDay(program, bill.TxtYXDate, "有效日期") && CheckProductOnlyCode(program, bill) &&
            CheckBillLines(program, bill, LineOnlyCode);
 }

@@ -174,7 +174,7 @@ bool frmGroupPiece::PickFor(const QString& control)
 void frmGroupPiece::EnterProduct()
 {
     if (!m_piece.TxtWareCode.trimmed().isEmpty()) { // nothing typed since it was chosen
-        focusNextChild();
+        FocusNextBox();
         return;
     }
     const bool isTyped = !m_piece.TxtWareName.trimmed().isEmpty();

@@ -97,7 +97,7 @@ void BillWindow::PickForHead(const HeadPicker& field, const PickerNeeded& picker
 void BillWindow::EnterInHead(const QString& control)
 {
     if (IsChosen(m_bill, control)) {
-        focusNextChild();
+        FocusNextBox();
         return;
     }
     const HeadPicker* const field = FindHeadPicker(control);

@@ -30,10 +30,10 @@ constexpr StampColour kStampColours[] = {{"作废", 0xffc6362f}, {"已审核", 0
 constexpr QRgb kPlainStamp = 0xff8a93a0;
 
 /// Takes the wheel only while it has the focus, which the wheel does not give it: scrolling changes nothing.
-class Choice : public QComboBox
+class HeadList : public QComboBox
 {
 public:
-    Choice() { setFocusPolicy(Qt::StrongFocus); }
+    HeadList() { setFocusPolicy(Qt::StrongFocus); }
 
 protected:
     void wheelEvent(QWheelEvent* event) override
@@ -65,7 +65,7 @@ QLabel* NewLabel(const char* name, const QString& text)
 
 QComboBox* NewChoice(const char* name)
 {
-    auto* const choice = new Choice;
+    auto* const choice = new HeadList;
     choice->setObjectName(name);
     QPalette colours = choice->palette();
     colours.setColor(QPalette::Disabled, QPalette::ButtonText, colours.color(QPalette::Disabled, QPalette::Text));

@@ -32,7 +32,7 @@ namespace {
 constexpr int kMargin = 10;
 constexpr int kLeastFixedColumns = 3;
 constexpr int kLeastGridHeight = 9; // lines of text; on a lower screen the window scrolls
-constexpr int kShownWidth = 1500; // twips of a column that was hidden
+constexpr int kShownWidth = 1500;   // twips of a column that was hidden
 
 void ShowText(QWidget* widget, const QString& text)
 {

@@ -106,11 +106,6 @@ constexpr Cell kCells[] = {
     {&LineColumns::onlyCode, "OnlyCode"},
 };
 
-QString CellWord(const BillKind& kind, int row, int column)
-{
-    return "第 " + QString::number(row) + " 行 " + kind.columns[column].caption;
-}
-
 bool Refuse(Program& program, const QString& fault)
 {
     if (!fault.isEmpty())
@@ -119,6 +114,11 @@ bool Refuse(Program& program, const QString& fault)
 }
 
 } // namespace
+
+QString CellFault::InRow() const
+{
+    return "第 " + QString::number(row) + " 行 " + text;
+}
 
 QString FaultOfBox(const Program& program, const QString& control, const QString& text)
 {
@@ -136,7 +136,7 @@ std::optional<CellFault> FaultOfRow(const Program& program, const BillKind& kind
         if (column == 0)
             continue;
         const QString fault =
-            FaultOf(program.gDot, CellWord(kind, row, column), cell.column, cell.kind, grid.Cell(row, column));
+            FaultOf(program.gDot, kind.columns[column].caption, cell.column, cell.kind, grid.Cell(row, column));
         if (!fault.isEmpty())
             return CellFault{row, column, fault};
     }
@@ -144,7 +144,7 @@ std::optional<CellFault> FaultOfRow(const Program& program, const BillKind& kind
     const double value = CellFigure(grid, row, at.amount) * CellFigure(grid, row, at.cost);
     if (Currency::IsMoney(factor * RowMoney(grid, at, row)) && Currency::IsMoney(value))
         return {};
-    return CellFault{row, at.amount, BeyondRange(CellWord(kind, row, at.money))};
+    return CellFault{row, at.amount, BeyondRange(kind.columns[at.money].caption)};
 }
 
 bool PutInCell(Program& program, BillText& bill, const QString& text)
@@ -161,14 +161,16 @@ bool PutInCell(Program& program, BillText& bill, const QString& text)
     if (!fault)
         return true;
     grid.SetCell(row, grid.currentColumn, before);
-    return Refuse(program, fault->text);
+    return Refuse(program, fault->InRow());
 }
 
 bool CheckLimits(Program& program, BillText& bill)
 {
-    for (const HeadField& field : HeadFields()) {
-        if (field.typed && !Refuse(program, FaultOfBox(program, field.control, bill.*field.text)))
-            return false;
+    for (const std::vector<HeadField>& fields : {HeadFields(), bill.OwnFields()}) {
+        for (const HeadField& field : fields) {
+            if (!Refuse(program, FaultOfBox(program, field.control, bill.*field.text)))
+                return false;
+        }
     }
     LineGrid& grid = bill.MSH;
     const LineColumns at(*bill.kind);
@@ -180,7 +182,7 @@ bool CheckLimits(Program& program, BillText& bill)
             continue;
         grid.currentRow = fault->row;
         grid.currentColumn = fault->column;
-        return Refuse(program, fault->text);
+        return Refuse(program, fault->InRow());
     }
     return IsHeld(program.gDot, Figure::Amount, amount) || Refuse(program, BeyondRange("合计数量"));
 }

@@ -11,12 +11,15 @@
 /// Why a text cannot stand in a box of the head, as the user is told; empty where it can.
 QString FaultOfBox(const Program& program, const QString& control, const QString& text);
 
-/// A cell that cannot stay as it is, and why, as the user is told.
+/// A cell that cannot stay as it is.
 struct CellFault
 {
     int row;
     int column;
-    QString text;
+    QString text; // why, without the row
+
+    /// As the user is told.
+    QString InRow() const;
 };
 /// The first fault of a row: its cells, and the money that its figures make.
 /// @param factor  of that money

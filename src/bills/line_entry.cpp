@@ -379,14 +379,14 @@ bool PosInBill(Program& program, BillText& bill, const QString& code, double qua
     if (at.price != 0)
         grid.SetCell(row, at.price, FormatByDigits(price, program.gDot.Price_DotLen));
     if (at.cost != 0) {
-        const double cost = isPiece && price != 0 ? price : FetchRowCost(program, bill, code);
+        const double cost = isPiece && price != 0 ? price : FetchRowCost(program, bill, code).value_or(0);
         grid.SetCell(row, at.cost, FormatByDigits(cost, program.gDot.Price_DotLen));
     }
     const auto fault = FaultOfRow(program, *bill.kind, grid, row);
     if (fault || scanning.failed()) {
         bill.MSH = before;
         if (fault && !scanning.failed())
-            program.prompt.Inform(fault->text);
+            program.prompt.Inform(fault->InRow());
         return false;
     }
     grid.AddRow();

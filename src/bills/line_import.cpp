@@ -1,6 +1,7 @@
 #include "bills/line_import.h"
 
 #include "base/number_text.h"
+#include "bills/entry_limits.h"
 #include "bills/line_columns.h"
 #include "bills/line_entry.h"
 #include "bills/line_totals.h"
@@ -132,7 +133,8 @@ public:
     }
 
     /// Fills the last row of the grid, and adds a blank one.
-    void Write(const QStringList& row, const Recordset& good)
+    /// @return what the row cannot hold, empty for nothing; otherwise it stays as it was
+    QString Write(const QStringList& row, const Recordset& good)
     {
         const auto own = [&row](int column, const QString& otherwise) {
             const QString text = SheetText(row, column).trimmed();
@@ -146,7 +148,11 @@ public:
         WriteFigures(row, good.Text("Code"));
         for (const auto& [from, to] : m_texts)
             Set(to, SheetText(row, from));
+        const auto fault = FaultOfRow(m_program, *m_bill.kind, m_grid, m_grid.lastRow());
+        if (fault)
+            m_grid.RemoveRow(m_grid.lastRow());
         m_grid.AddRow();
+        return fault ? fault->text : QString();
     }
 
     /// Whether a text of the row has lost a line break.
@@ -188,7 +194,7 @@ private:
 struct Outcome
 {
     int lines = 0;
-    std::vector<std::pair<int, QString>> unknown; // rows of the sheet, and the codes that no good has
+    std::vector<std::pair<int, QString>> leftOut; // rows of the sheet, and why
     QStringList joined;                           // rows in whose texts a line break has become a blank
     int endRow = 0;                               // the one without a code, where rows stand below it; 0 for none
 
@@ -198,11 +204,11 @@ struct Outcome
 QString Outcome::Text() const
 {
     QStringList text = {"共导入" + QString::number(lines) + " 条数据！"};
-    if (!unknown.empty())
-        text << "以下" + QString::number(unknown.size()) + "行没有导入：";
-    for (const auto& [row, code] : std::span(unknown).first(std::min(unknown.size(), kNamedRows)))
-        text << "第" + QString::number(row) + "行：没有编号为“" + code + "”的商品";
-    if (unknown.size() > kNamedRows)
+    if (!leftOut.empty())
+        text << "以下" + QString::number(leftOut.size()) + "行没有导入：";
+    for (const auto& [row, why] : std::span(leftOut).first(std::min(leftOut.size(), kNamedRows)))
+        text << "第" + QString::number(row) + "行：" + why;
+    if (leftOut.size() > kNamedRows)
         text << "……";
     if (!joined.isEmpty())
         text << "第" + joined.mid(0, kNamedRows).join("、") + (joined.size() > qsizetype(kNamedRows) ? "……" : "") +
@@ -232,11 +238,10 @@ std::optional<Outcome> Import(Program& program, BillText& bill, const QString& p
         const Recordset good = GoodForLine(program, code);
         if (!good || !progress(row, total))
             return {};
-        if (good.isEmpty())
-            outcome.unknown.emplace_back(row + 2, code);
-        else
-            lines.Write(sheet->rows[row], good);
-        if (!good.isEmpty() && lines.Joins(sheet->rows[row]))
+        const QString why = good.isEmpty() ? "没有编号为“" + code + "”的商品" : lines.Write(sheet->rows[row], good);
+        if (!why.isEmpty())
+            outcome.leftOut.emplace_back(row + 2, why);
+        else if (lines.Joins(sheet->rows[row]))
             outcome.joined << QString::number(row + 2);
     }
     if (importing.failed())

@@ -102,6 +102,11 @@ struct Missed
     std::vector<CellFault> refused; // texts and figures that their cells cannot hold
 };
 
+QString InRow(int row, const QString& text)
+{
+    return "第" + QString::number(row) + "行：" + text;
+}
+
 void WriteRow(Program& program, BillText& bill, int row, const std::vector<int>& columns, const QStringList& texts,
               Missed& missed)
 {
@@ -119,12 +124,12 @@ void WriteRow(Program& program, BillText& bill, int row, const std::vector<int>&
             continue;
         const Entered entered = WriteText(program, bill, text);
         if (!entered.fault.isEmpty()) {
-            missed.refused.push_back({row, columns[place], entered.fault});
+            missed.refused.push_back({row, columns[place], InRow(row, entered.fault)});
             continue;
         }
         goodFound = goodFound || (isGood && entered.goodFound);
         if (!entered.goodFound && !unknown)
-            unknown = {row, columns[place], "第" + QString::number(row) + "行：" + text};
+            unknown = {row, columns[place], InRow(row, text)};
     }
     if (unknown && !goodFound)
         missed.unknown.push_back(*unknown);

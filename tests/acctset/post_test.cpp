@@ -125,4 +125,24 @@ TEST_F(PostTest, RefusalsExitWithOneAndWrongUseWithTwo)
     }
 }
 
+TEST_F(PostTest, WhatABillCannotHoldEndsThePost)
+{
+    const std::pair<QByteArray, QString> cases[] = {
+        {R"("fields":{"TxtSaleMan":")" + QByteArray(256, 'x') + "\"}", "业务员 超过 255 个字，请修改后再保存！"},
+        {R"("lines":[{"商品编号":"010101001","数量":1e20}])", "第 1 行 数量 超出系统所能保存的范围，请修改后再保存！"},
+        {R"("lines":[{"商品编号":"010101001","唯一码":")" + QByteArray(51, 'x') + "\"}]",
+         "第 1 行 唯一码 超过 50 个字，请修改后再保存！"},
+    };
+    for (const auto& [part, box] : cases) {
+        EXPECT_EQ(Post(R"({"bill":"盘点报溢单","date":"2023-12-31",)" + part + "}").exitCode, 1);
+        EXPECT_EQ(Boxes(), QStringList(box));
+    }
+    Post(R"({"bill":"盘点报溢单","date":"2023-12-31","fields":{"TxtWarehouseNameS":"主仓","TxtMemo":"a\u0000b\ud800"},)"
+         R"("lines":[{"商品编号":"010101001","备注":")" +
+         QByteArray(5000, 'x') + R"("}]})");
+    EXPECT_EQ(Boxes(), QStringList("保存成功！"));
+    EXPECT_EQ(Shown("盘点报溢单")["head"]["Remark"].toString(), QString("a\ufffdb\ufffd"));
+    EXPECT_EQ(Shown("盘点报溢单")["lines"][0]["Remark"].toString().size(), 5000);
+}
+
 } // namespace

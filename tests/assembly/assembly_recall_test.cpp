@@ -28,6 +28,7 @@ TEST_F(AssemblyRecallTest, APatternCopiesWhatDoesNotIdentifyABill)
     EXPECT_EQ(QStringList({bill.TxtWarehouseNameF, bill.TxtWareCode, bill.TxtAmount, bill.TxtCost, bill.TxtFee,
                            bill.TxtTotalMoney, bill.LabTotalMoney, bill.TxtOperator}),
               QStringList({"主仓", "P001", "2", "55.00", "10.00", "110.00", "100.00", "小王"}));
+    EXPECT_EQ(bill.unitChoices, QStringList({"套", "盒"}));
     EXPECT_EQ(bill.MSH.rows(), 3);
     EXPECT_EQ(QStringList({Cell(1, "商品编号"), Cell(1, "数量"), Cell(1, "成本价"), Cell(1, "金额"), Cell(1, "备注"),
                            Cell(1, "批号")}),

@@ -123,12 +123,16 @@ TEST_F(LineImport, WhatIsLeftOutIsNamedAndWithoutAGoodTheLinesStay)
          none + "以下11行没有导入：\n" + QStringList(10, "第%1行：没有编号为“101”的商品\n").join("") + "……\n" + stays,
          {"A001"}},
         {{}, none + stays, {"A001"}},
-        {{{"B001", "a\nb"}}, "共导入1 条数据！\n第2行的文字中有换行，已改为空格。", {"B001"}},
+        {{{"B001", "", "", "a\nb"}}, "共导入1 条数据！\n第2行的文字中有换行，已改为空格。", {"B001"}},
+        {{{"A001", "1e20"}, {"A001", "2"}, {"A001", "3", QString(51, u'字')}},
+         "共导入1 条数据！\n以下2行没有导入：\n第2行：数量 超出系统所能保存的范围，请修改后再保存！\n"
+         "第4行：批号 超过 50 个字，请修改后再保存！",
+         {"A001"}},
         {{{}, {"A001"}}, none + "第2行没有商品编号，从这一行起没有导入。\n" + stays, {"A001"}},
     };
     for (auto [rows, said, lines] : cases) {
         OpenWithLine("同价调拨", {{"数量", "2"}});
-        rows.insert(rows.begin(), {"商品编号", "备注"});
+        rows.insert(rows.begin(), {"商品编号", "数量", "批号", "备注"});
         Put(rows);
         for (int row = 2; said.contains('%'); ++row)
             said.replace(said.indexOf("%1"), 2, QString::number(row));

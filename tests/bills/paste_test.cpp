@@ -74,6 +74,16 @@ TEST_F(PasteTest, UnknownGoodsAreSaidAndShown)
     EXPECT_EQ(std::pair(bill.MSH.currentRow, bill.MSH.currentColumn), std::pair(2, 1));
 }
 
+TEST_F(PasteTest, WhatACellCannotHoldIsSaidAndShown)
+{
+    OpenWithLine("盘点报损");
+    Paste(1, "单位", QString("个\t3\ta") + QChar(0) + QChar(0xd800) + "\n\t1e20\tb\n");
+    EXPECT_EQ(test.Boxes(), "粘贴的内容中有1处未录入！\n第2行：数量 超出系统所能保存的范围，请修改后再保存！");
+    EXPECT_EQ(Cell(1, "备注"), QString("a") + QChar(0xfffd) + QChar(0xfffd));
+    EXPECT_EQ(Cell(1, "数量") + Cell(2, "数量") + Cell(2, "备注"), "3.00b");
+    EXPECT_EQ(std::pair(bill.MSH.currentRow, bill.MSH.currentColumn), std::pair(2, 6));
+}
+
 TEST_F(PasteTest, AttributesAreThoseOfTheGood)
 {
     test.Insert("TabAttribute", {{"Code", "02"}, {"Name", "尺寸"}, {"ParentCode", "0"}});
