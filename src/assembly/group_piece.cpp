@@ -128,6 +128,17 @@ void GroupPieceText::OfferUnits(const Recordset& good)
     unitChoices.removeDuplicates();
 }
 
+void GroupPieceText::OfferUnits(Program& program)
+{
+    OfferUnits(OpenQuery(program, Sql("select Unite,SecondUnite from TabWare where Code=") + TxtWareCode + " "));
+}
+
+void GroupPieceText::ContentShown(Program& program)
+{
+    OfferUnits(program);
+    LinesChanged(program);
+}
+
 void GroupPieceText::ShowProduct(Program& program, const Recordset& head)
 {
     TxtWareCode = head.Text("WareCode");
@@ -135,7 +146,7 @@ void GroupPieceText::ShowProduct(Program& program, const Recordset& head)
     TxtWareSpec = head.Text("WareSpec");
     TxtWareAttribute = AttributeCell(program, head.Text("AttributeCode"));
     TxtUnite = head.Text("Unite");
-    OfferUnits(OpenQuery(program, Sql("select Unite,SecondUnite from TabWare where Code=") + TxtWareCode + " "));
+    OfferUnits(program);
     TxtAmount = head.Text("Amount");
     const DotType& places = program.gDot;
     TxtCost = FormatByDigits(head.at(0, "Cost"), places.Price_DotLen);

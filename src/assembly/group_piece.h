@@ -33,6 +33,7 @@ struct GroupPieceText : BillText
     void ShowProduct(Program& program, const Recordset& head);
     /// Main and second unit of the product, beside the one that it stands in.
     void OfferUnits(const Recordset& good);
+    void OfferUnits(Program& program);
 
     bool TakesKind(const BillKind& shown) const override { return shown.lines == LineShape::Pieces; }
     std::vector<HeadField> OwnFields() const override;
@@ -40,6 +41,7 @@ struct GroupPieceText : BillText
     void ShowOwn(Program& program, const Recordset& head) override;
     bool MayEnterGoods(Program& program) const override;
     void LinesChanged(const Program& program) override;
+    void ContentShown(Program& program) override;
     double MoneyFactor(int row) const override;
 };
 

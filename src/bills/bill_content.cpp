@@ -78,7 +78,7 @@ void MarkUnchanged(BillText& bill)
     bill.unchanged = ContentOf(bill);
 }
 
-void ShowContent(const Program& program, BillText& bill, const BillContent& content)
+void ShowContent(Program& program, BillText& bill, const BillContent& content)
 {
     bill.DTPDate = content.day;
     for (const HeadField& field : TypedFields(bill))
@@ -93,7 +93,7 @@ void ShowContent(const Program& program, BillText& bill, const BillContent& cont
         grid.AddRow();
     }
     SumBillTotals(program, bill);
-    bill.LinesChanged(program);
+    bill.ContentShown(program);
 }
 
 Choice AskUnsaved(Program& program, const BillText& bill)

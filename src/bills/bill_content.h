@@ -16,7 +16,7 @@ bool IsChanged(const BillText& bill);
 /// The bill has just been blanked, loaded or stored.
 void MarkUnchanged(BillText& bill);
 /// Puts content onto a bill of the same kind, and what follows from it.
-void ShowContent(const Program& program, BillText& bill, const BillContent& content);
+void ShowContent(Program& program, BillText& bill, const BillContent& content);
 
 /// A changed bill is to give way: 保存 is the first choice, 放弃 the second.
 Choice AskUnsaved(Program& program, const BillText& bill);

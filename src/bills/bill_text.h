@@ -65,6 +65,8 @@ struct BillText
     virtual bool MayEnterGoods(Program& program) const;
     /// Its head follows the figures of its lines.
     virtual void LinesChanged(const Program&) {}
+    /// After typed content has been put onto the bill as a whole.
+    virtual void ContentShown(Program& program) { LinesChanged(program); }
     /// What the money of a line is multiplied by when one of its cells is committed.
     virtual double MoneyFactor(int) const { return 1; }
 

@@ -30,8 +30,8 @@ enum class Next
     Blank,
     SaveAgain,
 };
-/// After a save that stored, and after the user's own no, the window is blanked, what is not stored with the user's word
-/// alone; after any other refusal the bill stays.
+/// After a save that stored, and after the user's own no, the window is blanked, what is not stored with the user's
+/// word alone; after any other refusal the bill stays.
 Next NextAfter(Program& program, const BillText& bill, const Posting& posting);
 
 /// After a save that stored nothing the number that it drew goes back, and where the database did not answer, the whole

@@ -123,12 +123,12 @@ TEST_F(GroupPieceTest, ATypedProductIsChosenOnceItsNameIsWhole)
         return Box("TxtWareName") + "|" + Box("TxtWareCode") + "|" + Box("TxtAmount");
     };
     TypeText("3");
-    EXPECT_EQ(typeAndLeave("螺"), "螺||3");
-    EXPECT_EQ(typeAndLeave("螺丝"), "螺丝|A001|3");
+    EXPECT_EQ(typeAndLeave("螺"), "螺|| 3");
+    EXPECT_EQ(typeAndLeave("螺丝"), "螺丝|A001| 3");
     test.Insert("TabWare", {{"Code", "A000"}, {"Name", "螺丝刀"}});
     Find<QLineEdit>("TxtWareName")->setFocus();
     Press({Qt::Key_Return});
-    EXPECT_EQ(Box("TxtWareCode") + "|" + Box("TxtAmount"), "A001|3") << "nothing was typed";
+    EXPECT_EQ(Box("TxtWareCode") + "|" + Box("TxtAmount"), "A001| 3") << "nothing was typed";
 }
 
 TEST_F(GroupPieceTest, UnitsAreThoseOfTheProduct)

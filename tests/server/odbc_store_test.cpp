@@ -86,8 +86,9 @@ TEST(OdbcStore, AnswersAsTheFileDoes)
         Sql("insert into TabWareGroup(Code,Datee,DateTimee,Cost,SumMoney,Amount,WareName,SCDate,MoneyRate) values(") +
             QString("aB-1") + "," + QDate(2023, 2, 8) + "," + Moment{QDate(2023, 2, 8), 34200004} + "," + 0.1 + "," +
             1e-7 + "," + 12345678.875 + "," + QString("O'Neil 商品\\%") + "," + QDate(2024, 1, 31) + "," + 3 + ")",
-        Sql("insert into TabWareGroup(Code,Datee,DateTimee,Amount,WareName) values('Ab_2',") + QDate(2023, 2, 8) + "," +
-            Moment{QDate(2023, 2, 8), 34200000} + ",-2.5," + QString(5000, u'长') + ")",
+        Sql("insert into TabWareGroup(Code,Datee,DateTimee,Amount,WareName,Custom1) values('Ab_2',") +
+            QDate(2023, 2, 8) + "," + Moment{QDate(2023, 2, 8), 34200000} + ",-2.5," + QString(255, u'长') + "," +
+            QString(5000, u'长') + ")",
         Sql("insert into TabWareGroup(Code,Datee,DateTimee,WareName) values('AC2',") + QDate(1900, 1, 1) + "," +
             Moment{QDate(2023, 2, 9)} + "," + QString("") + ")",
         Sql("insert into TabDiffPriceMove(Code,MoneyBanlance) values('1',") + Currency::FromUnits(123456789012345) +
