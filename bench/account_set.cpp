@@ -1,9 +1,9 @@
 #include "account_set.h"
 
 #include "database/sqlite_store.h"
-#include "generate.h"
 #include "hand_written.h"
 #include "handover/open_query.h"
+#include "making/generate.h"
 
 #include <QFileInfo>
 

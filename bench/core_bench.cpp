@@ -5,7 +5,7 @@
 #include "hand_written.h"
 #include "typed_transfer.h"
 
-#include "bills/save.h"
+#include "bills/saving/save.h"
 #include "data/numbering.h"
 #include "handover/open_query.h"
 #include "stock/balance.h"

@@ -2,9 +2,9 @@
 #include "account_set.h"
 #include "figures.h"
 
-#include "bills/lifecycle.h"
-#include "bills/line_import.h"
-#include "bills/line_table.h"
+#include "bills/life/lifecycle.h"
+#include "bills/lines/line_import.h"
+#include "bills/paper/line_table.h"
 #include "data/decimals.h"
 #include "output/grid_export.h"
 #include "output/spreadsheet_plugin.h"

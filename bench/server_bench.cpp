@@ -4,11 +4,11 @@
 #include "figures.h"
 #include "typed_transfer.h"
 
-#include "bills/save.h"
+#include "bills/saving/save.h"
 #include "database/odbc_store.h"
 #include "database/statement_mapping.h"
-#include "generate.h"
 #include "handover/open_query.h"
+#include "making/generate.h"
 #include "stock/balance.h"
 #include "stock/unit_cost.h"
 

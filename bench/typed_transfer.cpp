@@ -1,8 +1,8 @@
 #include "typed_transfer.h"
 
-#include "bills/lifecycle.h"
-#include "bills/line_entry.h"
-#include "bills/line_totals.h"
+#include "bills/life/lifecycle.h"
+#include "bills/lines/line_entry.h"
+#include "bills/lines/line_totals.h"
 #include "data/decimals.h"
 #include "stock/balance.h"
 

@@ -3,13 +3,13 @@
 #include "account_set.h"
 #include "figures.h"
 
-#include "bills/frmWareManage.h"
-#include "bills/grid_view.h"
-#include "bills/lifecycle.h"
-#include "bills/line_entry.h"
-#include "bills/save.h"
+#include "bills/life/lifecycle.h"
+#include "bills/lines/line_entry.h"
+#include "bills/saving/save.h"
+#include "bills/window/frmWareManage.h"
+#include "bills/window/grid/grid_view.h"
 #include "data/decimals.h"
-#include "dialogs/frmCode.h"
+#include "dialogs/window/frmCode.h"
 
 #include <QApplication>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
 #include "assembly/allocation.h"
 
-#include "bills/line_totals.h"
+#include "bills/lines/line_totals.h"
 #include "data/decimals.h"
 #include "handover/open_query.h"
 
@@ -73,4 +73,9 @@ bool CheckCostAllocation(Program& program, const GroupPieceText& bill)
         return true;
     Inform(program, mode.allocationWrong);
     return false;
+}
+
+void GroupPieceText::LinesChanged(const Program& program)
+{
+    RecalcHeadTotals(program, *this);
 }

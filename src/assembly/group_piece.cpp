@@ -1,8 +1,7 @@
 #include "assembly/group_piece.h"
 
-#include "assembly/allocation.h"
 #include "bills/head_fields.h"
-#include "bills/line_columns.h"
+#include "bills/lines/line_columns.h"
 #include "data/decimals.h"
 #include "data/lookups.h"
 #include "handover/open_query.h"
@@ -169,11 +168,6 @@ bool GroupPieceText::MayEnterGoods(Program& program) const
         return true;
     program.prompt.Inform(hasSource ? "请先确定数量！" : "请先选择发出仓库名称！");
     return false;
-}
-
-void GroupPieceText::LinesChanged(const Program& program)
-{
-    RecalcHeadTotals(program, *this);
 }
 
 double GroupPieceText::MoneyFactor(int row) const

@@ -1,7 +1,7 @@
 #include "assembly/piece_head.h"
 
 #include "assembly/allocation.h"
-#include "bills/line_totals.h"
+#include "bills/lines/line_totals.h"
 #include "data/decimals.h"
 #include "data/lookups.h"
 #include "data/typed_code.h"

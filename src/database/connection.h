@@ -3,7 +3,7 @@
 // The one connection of the process. It is made closed, opened by the first statement and again by the first one
 // after a close or after the server was lost.
 
-#include "database/store.h"
+#include "database/open_store.h"
 
 #include <utility>
 

@@ -44,4 +44,3 @@ public:
 
 /// Opens the store that a connection string names. Throws StoreError.
 using StoreOpener = std::function<std::unique_ptr<Store>(const QString& connectionString)>;
-std::unique_ptr<Store> OpenStore(const QString& connectionString);

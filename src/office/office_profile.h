@@ -3,21 +3,17 @@
 // The folder in which one LibreOffice process keeps its settings and its temporary files. Two processes with one
 // profile would merge into one, so there is a pool of them, each with a lock that lasts as long as its process.
 
+#include "office/profile_settings.h"
+
 #include <QProcess>
 #include <QString>
 #include <QUuid>
 #include <functional>
 
-inline const QString kOfficeFolder = LO_PROGRAM_FOLDER;
-
 class OfficeProfile
 {
 public:
-    enum class Use
-    {
-        Jobs,
-        Window, // of the user: keeps what the user changes
-    };
+    using Use = ProfileUse;
 
     /// Takes a free one, and removes what killed processes left in the free ones. Throws SpreadsheetError.
     explicit OfficeProfile(Use use);

@@ -62,14 +62,13 @@ bool WriteWhole(const QString& path, const QByteArray& content)
 
 } // namespace
 
-bool WriteProfileSettings(const QString& folder, OfficeProfile::Use use)
+bool WriteProfileSettings(const QString& folder, ProfileUse use)
 {
     const QByteArray content =
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
         "<oor:items xmlns:oor=\"http://openoffice.org/2001/registry\" xmlns:xs=\"http://www.w3.org/2001/XMLSchema\" "
         "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\">\n" +
-        Items(kSettings) + (use == OfficeProfile::Use::Jobs ? Items(kJobSettings) : Items(kWindowSettings)) +
-        "</oor:items>\n";
+        Items(kSettings) + (use == ProfileUse::Jobs ? Items(kJobSettings) : Items(kWindowSettings)) + "</oor:items>\n";
     return QDir().mkpath(folder + "/user") && WriteWhole(folder + "/user/registrymodifications.xcu", content);
 }
 

@@ -2,22 +2,10 @@
 
 // Stock on hand, computed on demand from one opening point and every bill line after it.
 
-#include "data/dimensions.h"
 #include "handover/program.h"
+#include "stock/stock_question.h"
 
 #include <optional>
-
-struct StockQuestion
-{
-    QString warehouse{}; // code of one warehouse, empty for all
-    QString wareCode{};
-    Moment asOf{};            // lines up to and including this day, or this moment with includeTime
-    bool includeTime = false; // only ComputeStockBalance looks at it
-    Dimensions dimensions{};
-    bool attributeExact = false; // false: child attributes count as well
-    QString moneyName{};         // a currency, kAllCurrencies or empty
-    bool auditedOnly = false;    // only audited bills count
-};
 
 /// What the engine answers. Amounts are in base units, money in the asked currency, all rounded to the account set's
 /// places.
@@ -29,12 +17,6 @@ struct TogatherData
     double StockAmount = 0;   // ComputeStockBalance
     Currency StockMoney;      // ComputeStockBalance
     double LastStockCost = 0; // StockMoney before it became money
-};
-
-struct StockSum
-{
-    double amount = 0;
-    Currency money;
 };
 
 /// What a balance starts from. Movements count from the day after `from` on.

@@ -2,7 +2,8 @@
 
 // The newest unit cost that any bill or close has stored for a good.
 
-#include "stock/unit_cost.h"
+#include "handover/program.h"
+#include "stock/cost_question.h"
 
 #include <optional>
 

@@ -3,7 +3,8 @@
 // The fifteen sources of stock movements: which rows of which bills move a good, with which sign and at what money.
 // The balance sums all of them, the moving average the inflow of one day.
 
-#include "stock/balance.h"
+#include "handover/program.h"
+#include "stock/stock_question.h"
 
 #include <span>
 

@@ -2,8 +2,9 @@
 
 // The average cost of a good over one period, from the last close on.
 
-#include "stock/balance.h"
-#include "stock/unit_cost.h"
+#include "handover/program.h"
+#include "stock/cost_question.h"
+#include "stock/stock_question.h"
 
 /// The average with what it was made of.
 struct PeriodAverage

@@ -2,6 +2,7 @@
 
 #include "data/decimals.h"
 #include "handover/open_query.h"
+#include "stock/balance.h"
 #include "stock/last_recorded_cost.h"
 #include "stock/movements.h"
 #include "stock/period_weighted_average.h"

@@ -1,6 +1,6 @@
 // The costs that rows in memory tell are those of the engine, whatever is asked of whatever books.
 
-#include "cost_answers.h"
+#include "checking/cost_answers.h"
 
 #include "stock/random_books.h"
 

@@ -1,12 +1,12 @@
 // The explanation of a figure ends where the engine does, whatever is asked of whatever books; and it reads as a table.
 
-#include "explain.h"
+#include "asking/explain.h"
 
 #include "acctset/books.h"
+#include "asking/text_table.h"
 #include "data/decimals.h"
 #include "stock/random_books.h"
 #include "stock/unit_cost.h"
-#include "text_table.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "assembly/assembly_posting.h"
-#include "bills/bill_content.h"
-#include "bills/recall.h"
+#include "assembly/saving/assembly_posting.h"
+#include "bills/life/bill_content.h"
+#include "bills/life/recall.h"
 #include "piece_screen.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "assembly/assembly_recall.h"
+#include "assembly/life/assembly_recall.h"
 #include "piece_screen.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "assembly/assembly_validation.h"
+#include "assembly/saving/assembly_validation.h"
 #include "piece_screen.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "assembly/piece_print.h"
+#include "assembly/life/piece_print.h"
 #include "piece_screen.h"
 
 #include "base/code_page.h"

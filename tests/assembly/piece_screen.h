@@ -4,9 +4,9 @@
 
 #include "bills/screen.h"
 
-#include "assembly/assembly_lifecycle.h"
-#include "assembly/assembly_save.h"
+#include "assembly/life/assembly_lifecycle.h"
 #include "assembly/piece_head.h"
+#include "assembly/saving/assembly_save.h"
 
 class PieceScreen : public ScreenOf<GroupPieceText>
 {

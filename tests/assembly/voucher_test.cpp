@@ -1,4 +1,4 @@
-#include "assembly/voucher.h"
+#include "assembly/voucher/voucher.h"
 #include "piece_screen.h"
 
 #include <functional>

@@ -1,5 +1,5 @@
-#include "bills/bill_print.h"
-#include "bills/recall.h"
+#include "bills/life/recall.h"
+#include "bills/paper/bill_print.h"
 #include "screen.h"
 
 #include "base/code_page.h"

@@ -1,6 +1,6 @@
-#include "bills/audit.h"
-#include "bills/bill_content.h"
-#include "bills/recall.h"
+#include "bills/life/audit.h"
+#include "bills/life/bill_content.h"
+#include "bills/life/recall.h"
 #include "screen.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "bills/line_import.h"
+#include "bills/lines/line_import.h"
 
 #include "assembly/piece_screen.h"
 #include "support/memory_workbook.h"

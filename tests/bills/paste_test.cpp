@@ -1,4 +1,4 @@
-#include "bills/paste.h"
+#include "bills/lines/paste.h"
 
 #include "screen.h"
 

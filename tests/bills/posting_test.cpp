@@ -1,6 +1,6 @@
-#include "bills/audit.h"
+#include "bills/life/audit.h"
+#include "bills/life/recall.h"
 #include "bills/moments.h"
-#include "bills/recall.h"
 #include "screen.h"
 
 namespace {

@@ -3,11 +3,12 @@
 // A bill's screen on a small account set: two goods, two warehouses under a main one, opening stock, two places.
 
 #include "bills/head_fields.h"
-#include "bills/lifecycle.h"
-#include "bills/line_columns.h"
-#include "bills/line_entry.h"
-#include "bills/line_totals.h"
-#include "bills/save.h"
+#include "bills/life/lifecycle.h"
+#include "bills/life/neighbours.h"
+#include "bills/lines/line_columns.h"
+#include "bills/lines/line_entry.h"
+#include "bills/lines/line_totals.h"
+#include "bills/saving/save.h"
 #include "data/decimals.h"
 #include "support/test_program.h"
 

@@ -1,5 +1,5 @@
-#include "bills/recall.h"
-#include "bills/validation.h"
+#include "bills/life/recall.h"
+#include "bills/saving/validation.h"
 #include "screen.h"
 
 #include <functional>

@@ -2,9 +2,9 @@
 
 // The real bill windows on the small account set, for tests that press keys in them.
 
-#include "bills/frmWareManage.h"
-#include "bills/grid_view.h"
 #include "bills/screen.h"
+#include "bills/window/frmWareManage.h"
+#include "bills/window/grid/grid_view.h"
 #include "support/window.h"
 
 #include <QToolButton>

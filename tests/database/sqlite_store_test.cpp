@@ -1,3 +1,4 @@
+#include "database/open_store.h"
 #include "database/sqlite_store.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #include "commands.h"
 #include "fuzz/targets.h"
-#include "post_request.h"
+#include "posting/post_request.h"
 
 #include <QJsonDocument>
 

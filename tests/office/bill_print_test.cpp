@@ -1,6 +1,6 @@
 // Bills through the print templates of a new account set, filled by LibreOffice itself and looked at on paper.
 
-#include "assembly/piece_print.h"
+#include "assembly/life/piece_print.h"
 #include "assembly/piece_screen.h"
 #include "bills/screen.h"
 #include "output/pdf_pages.h"

@@ -1,6 +1,6 @@
 // Lines out of workbooks as they are found, read by LibreOffice itself.
 
-#include "bills/line_import.h"
+#include "bills/lines/line_import.h"
 
 #include "bills/screen.h"
 #include "output/spreadsheet_plugin.h"

@@ -1,7 +1,7 @@
 #include "reliability/accounts.h"
 
 #include "acctset/books.h"
-#include "check.h"
+#include "checking/check.h"
 #include "data/bill_kinds.h"
 #include "handover/open_query.h"
 

@@ -10,8 +10,8 @@
 // could no longer speak of, "box KIND TEXT", between tabs.
 
 #include "base/number_text.h"
-#include "bills/audit.h"
-#include "bills/line_columns.h"
+#include "bills/life/audit.h"
+#include "bills/lines/line_columns.h"
 #include "data/decimals.h"
 #include "database/odbc_store.h"
 #include "database/sqlite_store.h"

@@ -4,7 +4,7 @@
 // empty screen and the save key.
 
 #include "assembly/group_piece.h"
-#include "bills/posting.h"
+#include "bills/saving/posting.h"
 
 #include <memory>
 #include <vector>

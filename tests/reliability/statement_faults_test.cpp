@@ -1,7 +1,7 @@
 // Every command that writes, with the process dying and with the database failing at each of its statements in turn.
 
-#include "bills/audit.h"
-#include "bills/bill_content.h"
+#include "bills/life/audit.h"
+#include "bills/life/bill_content.h"
 #include "database/sqlite_store.h"
 #include "reliability/desk.h"
 #include "support/faulty_store.h"

@@ -1,6 +1,6 @@
 // Two users on one bill: what one does while the other has it on the screen.
 
-#include "bills/audit.h"
+#include "bills/life/audit.h"
 #include "reliability/desk.h"
 #include "support/test_program.h"
 

@@ -2,7 +2,7 @@
 
 // A store that strikes at a statement of the test's choice: the process dies there, or the statement fails.
 
-#include "database/store.h"
+#include "database/open_store.h"
 
 /// Nothing but the test catches this: the process is gone.
 struct ProcessDied

@@ -1,4 +1,4 @@
-#include "frame/appearance.h"
+#include "shell/window/appearance.h"
 
 #include <QApplication>
 #include <QSettings>

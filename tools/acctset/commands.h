@@ -7,27 +7,12 @@
 #include "base/prompt.h"
 #include "handover/undertaking.h"
 #include "place.h"
+#include "refusal.h"
 
 #include <QCommandLineParser>
 #include <QJsonObject>
 #include <QStringList>
 #include <vector>
-
-constexpr int kDone = 0;
-constexpr int kRefused = 1;
-constexpr int kWrongUse = 2;
-
-/// Thrown by a command that cannot do what it was asked; ends the program with its text and kRefused.
-struct Refusal
-{
-    QString text;
-};
-
-/// Thrown where the words of the command line make no sense; ends the program with its text and kWrongUse.
-struct WrongUse
-{
-    QString text;
-};
 
 /// The words of one command: "acctset NAME FILE --option value". Help is an option of every command.
 class CommandLine

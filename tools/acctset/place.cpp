@@ -1,8 +1,8 @@
 #include "place.h"
 
-#include "commands.h"
 #include "database/odbc_store.h"
 #include "database/sqlite_store.h"
+#include "refusal.h"
 
 #include <QCoreApplication>
 #include <QFile>
