@@ -8,7 +8,7 @@ scripts/install.sh
 
 demo=build/demo
 mkdir -p "$demo/Data" "$demo/DataBak"
-cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo >build/release.log 2>&1 ||
+cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=Release >build/release.log 2>&1 ||
     { cat build/release.log; exit 1; }
 cmake --build build/release --target WHMO warehouse_office acctset
 cp -u build/release/src/WHMO.exe build/release/src/warehouse_office.so build/release/tools/acctset/acctset "$demo/"

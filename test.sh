@@ -6,16 +6,18 @@ cd "$(dirname "$0")"
 scripts/install.sh
 export LSAN_OPTIONS=suppressions=$PWD/tests/foreign_leaks.supp
 
-# run NAME [cmake options]
+# run NAME LEFT_OUT [cmake options]: LEFT_OUT is a regular expression on the names of tests
 run() {
-    local folder=build/$1
-    shift
+    local folder=build/$1 left_out=$2
+    shift 2
     echo "== $folder"
     cmake -S . -B "$folder" -G Ninja "$@" >"$folder.log" 2>&1 || { cat "$folder.log"; return 1; }
     cmake --build "$folder" || return 1
-    QT_QPA_PLATFORM=offscreen ctest --test-dir "$folder" --output-on-failure --parallel "$(nproc)"
+    QT_QPA_PLATFORM=offscreen ctest --test-dir "$folder" --output-on-failure --parallel "$(nproc)" --exclude-regex "$left_out"
 }
 
 mkdir -p build
-run release -DCMAKE_BUILD_TYPE=RelWithDebInfo
-run sanitize -DCMAKE_BUILD_TYPE=Debug -DWAREHOUSE_SANITIZE=ON
+run release '^$' -DCMAKE_BUILD_TYPE=Release
+# Rules that run on a file already are the same code on a server; its store and its users are not.
+run sanitize '^(quoted\..*|sqlserver\..*|postgres\.(handover|data|stock|bills|assembly))$' \
+    -DCMAKE_BUILD_TYPE=Debug "-DCMAKE_CXX_FLAGS_DEBUG=-O1 -g1" -DWAREHOUSE_SANITIZE=ON
