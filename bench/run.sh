@@ -9,7 +9,7 @@ build=$PWD/build/release
 export WAREHOUSE_BENCH_SET=${WAREHOUSE_BENCH_SET:-$build/bench/set.db}
 
 mkdir -p build
-cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DWAREHOUSE_BENCH=ON >"$build.log" 2>&1 ||
+cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DWAREHOUSE_BENCH=ON >"$build.log" 2>&1 ||
     { cat "$build.log" >&2; exit 1; }
 cmake --build "$build" --target core_bench assembly_bench window_bench office_bench import_bench WHMO acctset >&2
 missed=0

@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 scripts/install.sh
 build=$PWD/build/release
 mkdir -p build
-cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DWAREHOUSE_BENCH=ON >"$build.log" 2>&1 ||
+cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DWAREHOUSE_BENCH=ON >"$build.log" 2>&1 ||
     { cat "$build.log" >&2; exit 1; }
 cmake --build "$build" --target server_bench >&2
 tests/postgres_server.sh "$build/bench/server_bench" "$@" 2>"$build/bench/server_bench.log"
