@@ -65,7 +65,7 @@ public:
     }
     bool inUnit() const override { return sqlite3_get_autocommit(m_database.get()) == 0; }
     bool isLost() const override { return m_isLost; }
-    void WhenDamaged(std::function<void(const QString& text)> tell) override;
+    void WhenDamaged(const std::function<void(const QString& text)>& tell) override;
 
     /// From now on nothing is written once the files of the database are gone.
     void Watch() { m_files.emplace(m_database.get()); }
@@ -184,9 +184,9 @@ void SqliteStore::TellDamage()
         std::exchange(m_tell, nullptr)(m_damage);
 }
 
-void SqliteStore::WhenDamaged(std::function<void(const QString& text)> tell)
+void SqliteStore::WhenDamaged(const std::function<void(const QString& text)>& tell)
 {
-    m_tell = std::move(tell);
+    m_tell = tell;
     TellDamage();
 }
 

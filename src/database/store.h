@@ -35,7 +35,7 @@ public:
     virtual bool inUnit() const = 0;
     /// What is to be said when a file turns out to be damaged, which may be found while windows are open already; then
     /// nothing is written into it. Called at most once, on the thread that opened it.
-    virtual void WhenDamaged(std::function<void(const QString& text)> /*tell*/) {}
+    virtual void WhenDamaged(const std::function<void(const QString& text)>& /*tell*/) {}
     /// The database is gone: this store answers nothing more, and its unit has been taken back.
     virtual bool isLost() const { return false; }
     /// What whoever keeps the database should be told of it; empty for nothing.

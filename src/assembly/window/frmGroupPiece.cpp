@@ -96,7 +96,7 @@ void frmGroupPiece::ConnectPieceCommands()
     connect(findChild<QAction*>("FSeeWarrent"), &QAction::triggered, this,
             [this] { SeeBillWarrant(m_program, m_piece, true); });
     for (const auto& [button, box] : {std::pair("ImgWare", "TxtWareName"), {"ImgWareAttribute", "TxtWareAttribute"}})
-        connect(findChild<QToolButton*>(button), &QToolButton::clicked, this, [this, box] { PickFor(box); });
+        connect(findChild<QToolButton*>(button), &QToolButton::clicked, this, [this, box = box] { PickFor(box); });
 }
 
 void frmGroupPiece::ShowBill()
