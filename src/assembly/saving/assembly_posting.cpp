@@ -4,7 +4,6 @@
 #include "assembly/voucher/voucher.h"
 #include "bills/life/audit.h"
 #include "bills/life/recall.h"
-#include "bills/life/stored_head.h"
 #include "bills/saving/save_rows.h"
 #include "data/decimals.h"
 #include "data/lookups.h"
@@ -135,14 +134,6 @@ void SavePieceBill(Save& save, GroupPieceText& bill, const Row& head)
     }
 }
 
-void DeleteRows(Program& program, const BillText& bill)
-{
-    const QString code = bill.TxtBillCode.trimmed();
-    OpenQuery(program, Sql("delete from ") + Name(bill.kind->headTable) + "  where Code=" + code);
-    OpenQuery(program, Sql("delete from ") + Name(bill.kind->lineTable) + "  where BillCode=" + code);
-    OpenQuery(program, Sql("delete from  TabWarehouseAmountChange  where BillCode=") + code + " ");
-}
-
 void ShowPieceAsSaved(Program& program, GroupPieceText& bill)
 {
     if (bill.ChAutoAuditing)
@@ -171,15 +162,12 @@ Outcome WriteBill(Program& program, GroupPieceText& bill, bool rewrite, bool wan
     SaveUnit unit(program);
     if (!unit.isOpen())
         return Outcome::NotStored;
-    if (rewrite) {
-        if (!MayChange(program, bill, "修改")) // one that is gone is stored afresh
-            return Outcome::NotStored;
-        DeleteRows(program, bill);
-    }
+    if (rewrite && !DeleteReplaced(program, bill))
+        return Outcome::NotStored;
     save.headMoment = save.moments.Next();
     const Row head = HeadRow(save, bill, save.headMoment);
-    if (const Room room = RoomFor(program, bill); room != Room::Free)
-        return room == Room::Taken ? Outcome::CodeTaken : Outcome::NotStored;
+    if (const std::optional<Outcome> hindrance = FindHindrance(program, bill))
+        return *hindrance;
     if (ModeOf(bill).assembles)
         SaveAssemblyBill(save, bill, head);
     else

@@ -1,7 +1,6 @@
 #include "bills/saving/posting.h"
 
 #include "bills/life/audit.h"
-#include "bills/life/stored_head.h"
 #include "bills/saving/save_rows.h"
 #include "data/decimals.h"
 #include "data/lookups.h"
@@ -34,21 +33,26 @@ Row HeadEnd(const BillText& bill, const Moment& moment)
             bill.TxtAuditing.trimmed()};
 }
 
+/// The columns that every head has in its middle, from its writer to its state.
+Row HeadMiddle(const Save& save)
+{
+    const BillText& bill = save.bill;
+    return {save.program.parameters.UserName,
+            bill.TxtWarehouseCodeS.trimmed(),
+            bill.TxtWarehouseNameS.trimmed(),
+            bill.TxtMemo.trimmed(),
+            bill.TxtExplain.trimmed(),
+            bill.kind->operation,
+            QString("正常")};
+}
+
 Row TransferHead(const Save& save, const Moment& moment)
 {
     const BillText& bill = save.bill;
-    Row row = {bill.TxtBillCode.trimmed(),
-               bill.DTPDate,
-               bill.TxtWarehouseCodeF.trimmed(),
-               bill.TxtWarehouseNameF.trimmed(),
-               save.program.parameters.UserName,
-               bill.TxtWarehouseCodeS.trimmed(),
-               bill.TxtWarehouseNameS.trimmed(),
-               bill.TxtMemo.trimmed(),
-               bill.TxtExplain.trimmed(),
-               bill.kind->operation,
-               QString("正常"),
-               CellNumber(bill.LabTotalMoney)};
+    Row row = {bill.TxtBillCode.trimmed(), bill.DTPDate, bill.TxtWarehouseCodeF.trimmed(),
+               bill.TxtWarehouseNameF.trimmed()};
+    Append(row, HeadMiddle(save));
+    row.emplace_back(CellNumber(bill.LabTotalMoney));
     if (bill.kind->lines == LineShape::Priced)
         row.emplace_back(BillPriceDifference(save));
     Append(row, HeadEnd(bill, moment));
@@ -59,15 +63,8 @@ Row TransferHead(const Save& save, const Moment& moment)
 Row StockHead(const Save& save, const Moment& moment)
 {
     const BillText& bill = save.bill;
-    Row row = {bill.TxtBillCode.trimmed(),
-               bill.DTPDate,
-               save.program.parameters.UserName,
-               bill.TxtWarehouseCodeS.trimmed(),
-               bill.TxtWarehouseNameS.trimmed(),
-               bill.TxtMemo.trimmed(),
-               bill.TxtExplain.trimmed(),
-               bill.kind->operation,
-               QString("正常")};
+    Row row = {bill.TxtBillCode.trimmed(), bill.DTPDate};
+    Append(row, HeadMiddle(save));
     if (bill.kind->lines == LineShape::Revalued)
         row.emplace_back(CellNumber(bill.LabTotalMoney));
     row.emplace_back(BillPriceDifference(save));
@@ -113,19 +110,6 @@ bool WriteLine(Save& save, int row)
     return true;
 }
 
-void DeleteRows(Program& program, const BillText& bill)
-{
-    const QString code = bill.TxtBillCode.trimmed();
-    OpenQuery(program, Sql("delete from  ") + Name(bill.kind->headTable) + "   where Code=" + code);
-    OpenQuery(program, Sql("delete from ") + Name(bill.kind->lineTable) + "  where BillCode=" + code);
-    QStringList warehouses = {bill.TxtWarehouseCodeS.trimmed()};
-    if (bill.kind->hasSource)
-        warehouses << bill.TxtWarehouseCodeF.trimmed();
-    for (const QString& warehouse : warehouses)
-        OpenQuery(program, Sql("delete from  TabWarehouseAmountChange  where BillCode=") + code +
-                               "  and WarehouseCode=" + warehouse + " ");
-}
-
 /// One unit of the store: leaving it early takes everything back.
 Outcome WriteBill(Save& save, HeadRow head, bool rewrite)
 {
@@ -134,14 +118,11 @@ Outcome WriteBill(Save& save, HeadRow head, bool rewrite)
     SaveUnit unit(program);
     if (!unit.isOpen())
         return Outcome::NotStored;
-    if (rewrite) {
-        if (!MayChange(program, bill, "修改")) // one that is gone is stored afresh
-            return Outcome::NotStored;
-        DeleteRows(program, bill);
-    }
+    if (rewrite && !DeleteReplaced(program, bill))
+        return Outcome::NotStored;
     save.headMoment = save.moments.Next();
-    if (const Room room = RoomFor(program, bill); room != Room::Free)
-        return room == Room::Taken ? Outcome::CodeTaken : Outcome::NotStored;
+    if (const std::optional<Outcome> hindrance = FindHindrance(program, bill))
+        return *hindrance;
     OpenQuery(program, InsertInto(Name(bill.kind->headTable), head(save, save.headMoment)));
     for (int row = 1; row < bill.MSH.lastRow(); ++row) {
         if (!WriteLine(save, row))

@@ -117,14 +117,36 @@ Posting PostingOf(Outcome outcome, const BillText& bill)
     return posting;
 }
 
-Room RoomFor(Program& program, const BillText& bill)
+bool DeleteReplaced(Program& program, const BillText& bill)
+{
+    if (!MayChange(program, bill, "修改"))
+        return false;
+    const QString code = bill.TxtBillCode.trimmed();
+    OpenQuery(program, Sql("delete from  ") + Name(bill.kind->headTable) + "   where Code=" + code);
+    OpenQuery(program, Sql("delete from ") + Name(bill.kind->lineTable) + "  where BillCode=" + code);
+    const Sql deleteAmounts = Sql("delete from  TabWarehouseAmountChange  where BillCode=") + code + " ";
+    if (bill.kind->lines == LineShape::Pieces) { // of whatever warehouse
+        OpenQuery(program, deleteAmounts);
+        return true;
+    }
+    QStringList warehouses = {bill.TxtWarehouseCodeS.trimmed()};
+    if (bill.kind->hasSource)
+        warehouses << bill.TxtWarehouseCodeF.trimmed();
+    for (const QString& warehouse : warehouses)
+        OpenQuery(program, deleteAmounts + " and WarehouseCode=" + warehouse + " ");
+    return true;
+}
+
+std::optional<Outcome> FindHindrance(Program& program, const BillText& bill)
 {
     const std::optional<bool> isTaken = IsStored(program, bill);
     if (isTaken.value_or(false))
-        return Room::Taken;
+        return Outcome::CodeTaken;
     const auto deleteStrayLines =
         Sql("delete from ") + Name(bill.kind->lineTable) + "  where BillCode=" + bill.TxtBillCode.trimmed();
-    return isTaken && OpenQuery(program, deleteStrayLines) ? Room::Free : Room::Unknown;
+    if (isTaken && OpenQuery(program, deleteStrayLines))
+        return {};
+    return Outcome::NotStored;
 }
 
 std::optional<bool> AskRewrite(Program& program, const BillText& bill)

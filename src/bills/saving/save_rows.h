@@ -60,14 +60,11 @@ enum class Outcome
 Outcome CommitBill(SaveUnit& unit, const Save& save);
 Posting PostingOf(Outcome outcome, const BillText& bill);
 
-enum class Room
-{
-    Free,
-    Taken,   // a bill of this code is there
-    Unknown, // the database did not answer, which has been shown
-};
-/// Whether a bill can be written under its code. Lines that no head bears go: what a deleted or a half failed bill has
-/// left under the code would become part of this one.
-Room RoomFor(Program& program, const BillText& bill);
+/// Deletes the stored bill that a save replaces; one that is gone is stored afresh. False when it may not be replaced
+/// any more, which has been said.
+bool DeleteReplaced(Program& program, const BillText& bill);
+/// What keeps a bill from being written under its code; unset for nothing. Lines that no head bears go: what a deleted
+/// or a half failed bill has left under the code would become part of this one.
+std::optional<Outcome> FindHindrance(Program& program, const BillText& bill);
 /// Whether the save replaces a stored bill. Unset when the user would rather not, which has been acknowledged.
 std::optional<bool> AskRewrite(Program& program, const BillText& bill);
