@@ -7,6 +7,7 @@ mapfile -t files < <(git ls-files 'src/*.cpp' 'src/*.h' 'tools/*.cpp' 'tools/*.h
 clang-format --dry-run --Werror "${files[@]}"
 # Without precompiled headers: they are the compiler's own, and they hide a missing include.
 cmake -S . -B build/lint -G Ninja -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON >/dev/null
+cmake --build build/lint --target uno_headers >/dev/null
 if [ -n "${1:-}" ]; then
     git diff --name-only --diff-filter=d "$1" -- 'src/*.cpp' 'tools/*.cpp'
 else
