@@ -98,7 +98,7 @@ void Save(State& state)
     for ([[maybe_unused]] const auto& pass : state) {
         const Posting posting = desk.SaveTyped();
         state.PauseTiming();
-        if (posting.lines != kLines || !HasVoucher(desk.program, posting.code))
+        if (!posting.stored || !HasVoucher(desk.program, posting.code))
             state.SkipWithError("the bill was not saved with its voucher");
         DeleteBillWarrant(desk.program, posting.code);
         RemoveBill(desk.program, "TabWareGroup", posting.code);

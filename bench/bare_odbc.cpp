@@ -54,7 +54,7 @@ bool BareOdbc::Run(const std::string& words, const std::vector<Value>& values)
 {
     OdbcHandle& statement = m_statements[words];
     if (!statement.get()) {
-        statement = OdbcHandle(SQL_HANDLE_STMT, m_connection.handle().get());
+        statement = m_connection.NewStatement();
         const QString text = QString::fromStdString(words);
         if (!SQL_SUCCEEDED(SQLPrepareW(statement.get(), Wide(text), SQLINTEGER(text.size()))))
             return false;

@@ -160,7 +160,7 @@ void Save(State& state)
     for ([[maybe_unused]] const auto& pass : state) {
         const Posting posting = SaveTyped(desk);
         state.PauseTiming();
-        if (posting.lines != kTransferLines)
+        if (!posting.stored)
             state.SkipWithError("the bill was not saved");
         RemoveBill(desk.program.program, "TabSamePriceMove", posting.code);
         state.ResumeTiming();
