@@ -214,6 +214,8 @@ void frmGroupPiece::PickAttribute()
 void frmGroupPiece::CallInPattern()
 {
     HideEditors();
+    if (m_piece.MSH.lastRow() > 1 && !m_program.prompt.Ask("套用将替换已录入的商品清单，确定继续吗？"))
+        return;
     if (frmReadGroupPiece(m_program, m_piece, this).exec() != QDialog::Accepted)
         return;
     ShowBill();

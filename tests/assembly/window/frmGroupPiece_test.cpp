@@ -259,7 +259,11 @@ TEST_F(GroupPieceTest, AnEarlierBillIsCalledIn)
     EXPECT_EQ(Line(1).mid(0, 8), QStringList({"A001", "螺丝", "", "", "箱", "10.00", "10.00", "100.00"}));
     EXPECT_EQ(Focus(), "TxtAmount");
 
-    Trigger("ToolBuild");
+    Trigger("ToolBuild"); // what is not stored stays
+    test.prompt.TakeTexts();
+    Trigger("FTaoYong");
+    EXPECT_EQ(test.prompt.TakeTexts(), QStringList("套用将替换已录入的商品清单，确定继续吗？"));
+    test.prompt.answers = {true};
     InDialog([&](QWidget& dialog) {
         dialog.findChild<QLineEdit*>("TxtWareName")->setText("名P001");
         dialog.findChild<QPushButton*>("CmdWare")->click();
